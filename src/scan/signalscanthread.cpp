@@ -1,0 +1,137 @@
+#include "scan/signalscanthread.h"
+
+namespace
+{
+const unsigned long FirstSleepSeconds = 1;
+const unsigned long PeriodSeconds = 3;
+/// Passes that send the last records again before fresh ones are built.
+const int RepeatLimit = 4;
+
+/// Signals outside the range of a real radio count as none.
+int limitedSignal(int rssi)
+{
+    return rssi < -100 || rssi > 0 ? 0 : rssi;
+}
+} // namespace
+
+SignalScanThread::SignalScanThread(QObject *parent)
+    : QThread(parent)
+{
+}
+
+SignalScanThread::~SignalScanThread()
+{
+    requestInterruption();
+    quit();
+    wait();
+}
+
+void SignalScanThread::setExit()
+{
+    m_exit = true;
+}
+
+void SignalScanThread::setNic(const QString &nic)
+{
+    m_nic = nic;
+}
+
+void SignalScanThread::onNicChanged(QString nic)
+{
+    QMutexLocker lock(&m_mutex);
+    m_nic = nic;
+}
+
+void SignalScanThread::onVisiableMapListReturned(QList<QMap<QString, QString>> networks)
+{
+    QMutexLocker lock(&m_mutex);
+    m_mapList.clear();
+    m_mapList = networks;
+}
+
+void SignalScanThread::run()
+{
+    // Shared by all instances: only the first sleep of the process is the short one.
+    static bool bIsFirst = false;
+
+    if (isInterruptionRequested())
+        return;
+    do {
+        pass();
+        if (!bIsFirst) {
+            bIsFirst = true;
+            sleep(FirstSleepSeconds);
+        } else {
+            sleep(PeriodSeconds);
+        }
+    } while (!isInterruptionRequested());
+}
+
+void SignalScanThread::pass()
+{
+    // Whether there is an interface is asked without the lock; scanNetwork() takes it.
+    if (!m_nic.isEmpty()) {
+        m_ssidToBssid.clear();
+        scanNetwork();
+        return;
+    }
+    emit signalReturned(0);
+    emit speedReturned(0);
+    emit networkReturned(QString());
+}
+
+void SignalScanThread::scanNetwork()
+{
+    // Held while emitting too: every receiver is connected queued and runs later.
+    QMutexLocker lock(&m_mutex);
+
+    // On purpose only every fifth pass is built from the latest maps; the four between send the
+    // previous records again.
+    if (m_repeatCount != RepeatLimit && !m_lastData.isEmpty()) {
+        emit dataReturned(m_lastData);
+        ++m_repeatCount;
+        return;
+    }
+
+    QVector<WifiProperty> result;
+    for (const ScanMap &map : qAsConst(m_mapList)) {
+        const QString bssid = map.value(QStringLiteral("bssid"));
+        QString name = map.value(QStringLiteral("ssid"));
+        if (!makeUnique(name, bssid))
+            continue;
+
+        WifiProperty property;
+        property.ssid = name;
+        property.bssid = bssid;
+        property.connected = map.value(QStringLiteral("current_connected")) == QLatin1String("1");
+        property.security = map.value(QStringLiteral("security_mode"));
+        property.rssi = map.value(QStringLiteral("WLAN_NETWORK_SIGNAL")).toInt();
+        property.channel = map.value(QStringLiteral("channel")).toInt();
+        property.spareB = -1;
+        if (property.connected && !m_exit) {
+            emit networkReturned(property.ssid);
+            emit signalReturned(limitedSignal(property.rssi));
+            emit speedReturned(map.value(QStringLiteral("link_rate")).toInt());
+        }
+        result.append(property);
+        m_ssidToBssid.insert(name, bssid);
+    }
+    if (!result.isEmpty() && !m_exit) {
+        m_lastData = result;
+        emit dataReturned(result);
+        m_repeatCount = 0;
+    }
+}
+
+/// Appends blanks to `name` until this pass has not used it. False when the access point was taken
+/// already under one of the names tried.
+bool SignalScanThread::makeUnique(QString &name, const QString &bssid) const
+{
+    for (auto used = m_ssidToBssid.constFind(name); used != m_ssidToBssid.constEnd();
+         used = m_ssidToBssid.constFind(name)) {
+        if (used.value() == bssid)
+            return false;
+        name.append(QLatin1Char(' '));
+    }
+    return true;
+}

@@ -1,0 +1,68 @@
+#ifndef AIRLUME_SCAN_SIGNALSCANTHREAD_H
+#define AIRLUME_SCAN_SIGNALSCANTHREAD_H
+
+#include "scan/wifiapiinterface.h"
+#include "scan/wifiproperty.h"
+
+#include <QMutex>
+#include <QThread>
+
+#include <atomic>
+
+/// Turns the scan maps of the discovery thread into records and publishes them every 3 s. Never
+/// calls the back end.
+///
+/// The object and its slots live in the GUI thread, run() on its own. The destructor ends the loop
+/// and waits for it: up to 3 s.
+class SignalScanThread : public QThread
+{
+    Q_OBJECT
+
+public:
+    explicit SignalScanThread(QObject *parent);
+    ~SignalScanThread() override;
+
+    /// From now on neither fresh records nor the joined network are published. Any thread.
+    void setExit();
+    /// Makes `nic` the interface in use. Only before the thread is started.
+    void setNic(const QString &nic);
+
+public slots:
+    /// The interface now in use; empty when there is none.
+    void onNicChanged(QString nic);
+    /// The latest scan maps.
+    void onVisiableMapListReturned(QList<QMap<QString, QString>> networks);
+
+signals:
+    /// Connected to the status line; nothing sends it yet.
+    void statusChange(QString status);
+    /// The records of one pass, fresh or repeated. SSIDs are unique within it.
+    void dataReturned(QVector<WifiProperty> data);
+    /// Name of the joined network as in the records; empty when there is no interface.
+    void networkReturned(QString ssid);
+    /// Signal of the joined network in dBm, -100 to 0; 0 when it lies outside or there is none.
+    void signalReturned(int rssi);
+    /// Link rate of the joined network in Mbps; 0 when unknown or there is none.
+    void speedReturned(int mbps);
+
+protected:
+    void run() override;
+
+    /// One pass of the loop, without its sleep.
+    void pass();
+
+private:
+    void scanNetwork();
+    bool makeUnique(QString &name, const QString &bssid) const;
+
+    QString m_nic;
+    // The one flag that both threads touch without the lock.
+    std::atomic<bool> m_exit{false};
+    QMutex m_mutex;
+    QMap<QString, QString> m_ssidToBssid;
+    QVector<WifiProperty> m_lastData;
+    int m_repeatCount = 0;
+    QList<ScanMap> m_mapList;
+};
+
+#endif
