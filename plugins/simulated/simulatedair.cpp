@@ -1,0 +1,188 @@
+#include "simulated/simulatedair.h"
+
+#include "simulated/signalmodel.h"
+
+#include <cmath>
+
+namespace
+{
+// Not QStringLiteral: its characters would lie in this library, and whoever asked may keep the maps
+// longer than the library is loaded.
+const QString ssidKey = QString::fromLatin1("ssid");
+const QString bssidKey = QString::fromLatin1("bssid");
+const QString channelKey = QString::fromLatin1("channel");
+const QString connectedKey = QString::fromLatin1("current_connected");
+const QString securityKey = QString::fromLatin1("security_mode");
+const QString signalKey = QString::fromLatin1("WLAN_NETWORK_SIGNAL");
+const QString linkRateKey = QString::fromLatin1("link_rate");
+} // namespace
+
+SimulatedAir::SimulatedAir(const Scenario &scenario)
+    : m_scenario(scenario)
+{
+    m_fixed.reserve(scenario.networks.size());
+    m_keys.reserve(scenario.networks.size());
+    for (const ScenarioNetwork &network : scenario.networks) {
+        m_fixed.append({{ssidKey, network.ssid}, {bssidKey, network.bssid},
+            {channelKey, QString::number(network.channel)}, {connectedKey, QString::number(0)},
+            {securityKey, network.security}, {signalKey, QString()}});
+        m_keys.append(SignalModel::TextKey(network.bssid));
+    }
+    reset();
+    advanceTo(0.0);
+}
+
+void SimulatedAir::reset()
+{
+    m_nextEvent = 0;
+    m_states = QVector<InterfaceState>(m_scenario.interfaces.size());
+    m_joined = m_scenario.joined;
+    m_failingInterfaces = m_failingUsable = m_failingNetworks = false;
+}
+
+void SimulatedAir::advanceTo(double seconds)
+{
+    m_seconds = qMax(m_seconds, seconds);
+    const double round = m_scenario.repeat > 0.0 ? std::floor(m_seconds / m_scenario.repeat) : 0.0;
+    if (round > m_round) {
+        m_round = round;
+        reset();
+    }
+    m_scriptSeconds = qMax(0.0, m_seconds - round * m_scenario.repeat);
+    while (m_nextEvent < m_scenario.events.size() &&
+           m_scenario.events.at(m_nextEvent).at <= m_scriptSeconds) {
+        apply(m_scenario.events.at(m_nextEvent));
+        ++m_nextEvent;
+    }
+}
+
+void SimulatedAir::apply(const ScenarioEvent &event)
+{
+    using Action = ScenarioEvent::Action;
+    using Query = ScenarioEvent::Query;
+    if (event.action == Action::Join) {
+        m_joined = event.network;
+    } else if (event.action == Action::Leave) {
+        m_joined = -1;
+    } else if (event.action == Action::Fail || event.action == Action::Recover) {
+        const bool failing = event.action == Action::Fail;
+        if (event.query == Query::All || event.query == Query::Interfaces)
+            m_failingInterfaces = failing;
+        if (event.query == Query::All || event.query == Query::Usable)
+            m_failingUsable = failing;
+        if (event.query == Query::All || event.query == Query::Networks)
+            m_failingNetworks = failing;
+    } else {
+        for (int i = 0; i < m_states.size(); ++i) {
+            if (event.interface >= 0 && event.interface != i)
+                continue;
+            if (event.action == Action::RadioOff || event.action == Action::RadioOn)
+                m_states[i].radioOn = event.action == Action::RadioOn;
+            else
+                m_states[i].plugged = event.action == Action::Plug;
+        }
+    }
+}
+
+bool SimulatedAir::interfaces(QStringList &names) const
+{
+    for (int i = 0; i < m_states.size(); ++i) {
+        if (m_states.at(i).plugged)
+            names.append(m_scenario.interfaces.at(i).name);
+    }
+    return !m_failingInterfaces;
+}
+
+int SimulatedAir::indexOf(const QString &name) const
+{
+    for (int i = 0; i < m_states.size(); ++i) {
+        if (m_states.at(i).plugged && m_scenario.interfaces.at(i).name == name)
+            return i;
+    }
+    return -1;
+}
+
+bool SimulatedAir::canScan(int index) const
+{
+    const InterfaceState &state = m_states.at(index);
+    return state.plugged && state.radioOn && m_scenario.interfaces.at(index).usable;
+}
+
+bool SimulatedAir::isUsable(const QString &name) const
+{
+    const int index = indexOf(name);
+    return index >= 0 && canScan(index) && !m_failingUsable;
+}
+
+bool SimulatedAir::address(const QString &name, QString &address) const
+{
+    const int index = indexOf(name);
+    if (index < 0)
+        return false;
+    address = m_scenario.interfaces.at(index).address;
+    return true;
+}
+
+bool SimulatedAir::setRadio(const QString &name, bool on)
+{
+    const int index = indexOf(name);
+    if (index < 0)
+        return false;
+    m_states[index].radioOn = on;
+    return true;
+}
+
+bool SimulatedAir::hears(const QString &name) const
+{
+    if (m_failingNetworks)
+        return false;
+    if (!name.isEmpty()) {
+        const int index = indexOf(name);
+        return index >= 0 && canScan(index);
+    }
+    for (int i = 0; i < m_states.size(); ++i) {
+        if (canScan(i))
+            return true;
+    }
+    return false;
+}
+
+bool SimulatedAir::networks(const QString &name, QList<ScanMap> &maps) const
+{
+    if (!hears(name))
+        return false;
+    maps.reserve(maps.size() + m_fixed.size());
+    for (int i = 0; i < m_fixed.size(); ++i) {
+        if (m_scenario.networks.at(i).isOnAir(m_scriptSeconds))
+            maps.append(mapOf(i));
+    }
+    return true;
+}
+
+bool SimulatedAir::joinedNetwork(const QString &name, ScanMap &map) const
+{
+    if (!hears(name) || m_joined < 0 || !m_scenario.networks.at(m_joined).isOnAir(m_scriptSeconds))
+        return false;
+    map = mapOf(m_joined);
+    return true;
+}
+
+ScanMap SimulatedAir::mapOf(int index) const
+{
+    const ScenarioNetwork &network = m_scenario.networks.at(index);
+    ScanMap map = m_fixed.at(index);
+    const int signal = SignalModel::Signal(network, m_scenario.seed, m_keys.at(index), m_seconds);
+    map[signalKey] = QString::number(signal);
+    if (index == m_joined) {
+        map[connectedKey] = QString::number(1);
+        if (network.linkRate > 0) {
+            map.insert(
+                linkRateKey, QString::number(SignalModel::LinkRate(network.linkRate, signal)));
+        }
+    }
+    for (auto it = network.raw.begin(); it != network.raw.end(); ++it)
+        map.insert(it.key(), it.value());
+    for (const QString &key : network.missing)
+        map.remove(key);
+    return map;
+}
