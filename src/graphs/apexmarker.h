@@ -1,0 +1,21 @@
+#ifndef AIRLUME_GRAPHS_APEXMARKER_H
+#define AIRLUME_GRAPHS_APEXMARKER_H
+
+#include <qwt_plot_marker.h>
+
+/// Where to centre a label of `size` that belongs at `center`, so that it lies inside `bounds`.
+/// A label that is too large keeps its beginning inside.
+QPointF centerInside(const QRectF &bounds, const QPointF &center, const QSizeF &size);
+
+/// A network's name at the apex of its triangle. At the edge of the canvas the name moves inwards,
+/// where its beginning or end would be cut off.
+class ApexMarker : public QwtPlotMarker
+{
+public:
+    explicit ApexMarker(const QString &ssid);
+
+protected:
+    void drawLabel(QPainter *painter, const QRectF &canvasRect, const QPointF &pos) const override;
+};
+
+#endif

@@ -1,0 +1,137 @@
+#include "graphs/signalchannelplot.h"
+
+#include "graphs/apexmarker.h"
+#include "graphs/curvecolors.h"
+#include "graphs/networkname.h"
+#include "graphs/plotlook.h"
+#include "graphs/signalscaledraw.h"
+
+#include <QDebug>
+#include <qwt_plot_curve.h>
+
+SignalChannelPlot::SignalChannelPlot(const ChannelBand &band, QWidget *parent)
+    : QwtPlot(parent)
+    , m_band(band)
+{
+    PlotLook::setUpCanvas(this);
+
+    setAxisTitle(xBottom, plainText(m_band.title));
+    setAxisScaleDiv(
+        xBottom, QwtScaleDiv(m_band.ticks.first(), m_band.ticks.last(), {}, {}, m_band.ticks));
+    setAxisScaleDraw(xBottom, new SignalScaleDraw);
+    qDebug() << "fmh:" << PlotLook::setUpBottomLabels(this);
+
+    enableAxis(yLeft, m_band.dBmAxis == yLeft);
+    enableAxis(yRight, m_band.dBmAxis == yRight);
+    PlotLook::setUpDbmAxis(this, m_band.dBmAxis);
+
+    startTimer(PlotLook::TickMs, Qt::CoarseTimer);
+}
+
+void SignalChannelPlot::insertNetworks(const QVector<WifiProperty> &networks, int &counter)
+{
+    networkCount = networks.size();
+    for (const WifiProperty &record : networks)
+        addNetwork(record, curveColor(counter++));
+    replot();
+}
+
+void SignalChannelPlot::addNetwork(const WifiProperty &record, const QColor &color)
+{
+    pointData &entry = curveMap[record.ssid];
+    delete entry.curve;
+    delete entry.marker;
+
+    entry.curve = PlotLook::makeCurve(record.ssid, color);
+    entry.curve->setYAxis(m_band.dBmAxis);
+    // There is no legend, and preparing an entry for one is what costs most here.
+    entry.curve->setItemAttribute(QwtPlotItem::Legend, false);
+    entry.curve->setVisible(false);
+    entry.curve->attach(this);
+
+    entry.points = trianglePoints(record.channel, record.rssi, m_band.halfWidth);
+
+    entry.marker = new ApexMarker(record.ssid);
+    entry.marker->setYAxis(m_band.dBmAxis);
+    entry.marker->setValue(record.channel, record.rssi);
+    entry.marker->setVisible(false);
+    entry.marker->attach(this);
+
+    entry.channel = record.channel;
+}
+
+void SignalChannelPlot::onDataReturned(QVector<WifiProperty> networks)
+{
+    if (firstData) {
+        insertCurve(networks);
+        firstData = false;
+        return;
+    }
+    bool added = false;
+    for (const WifiProperty &record : qAsConst(networks)) {
+        const auto entry = curveMap.find(record.ssid);
+        if (entry == curveMap.end()) {
+            addNetwork(record, randomCurveColor());
+            added = true;
+        } else if (m_band.contains(entry->channel)) {
+            entry->points = trianglePoints(entry->channel, record.rssi, m_band.halfWidth);
+            entry->marker->setValue(entry->channel, record.rssi);
+        }
+    }
+    if (added)
+        replot();
+}
+
+void SignalChannelPlot::timerEvent(QTimerEvent *)
+{
+    for (const pointData &entry : qAsConst(curveMap)) {
+        if (m_band.contains(entry.channel))
+            entry.curve->setSamples(entry.points);
+    }
+    replot();
+}
+
+void SignalChannelPlot::onShowCurve(int, QString strSsid, bool checked)
+{
+    const auto entry = curveMap.constFind(strSsid);
+    if (entry == curveMap.constEnd()) {
+        qDebug() << m_band.unknownNetwork;
+        return;
+    }
+    if (!m_band.contains(entry->channel))
+        return;
+    qDebug() << "on show cureve:" << checked;
+    showCurve(entry->curve, checked);
+    // After the replot on purpose: the name may follow with the next one.
+    entry->marker->setVisible(checked);
+}
+
+void SignalChannelPlot::showCurve(QwtPlotItem *item, bool on)
+{
+    item->setVisible(on);
+    replot();
+}
+
+void SignalChannelPlot::onStartScan() {}
+
+void SignalChannelPlot::onStopScan()
+{
+    deleteCurves();
+    networkCount = 0;
+    firstData = true;
+}
+
+void SignalChannelPlot::EmptyCurveData()
+{
+    deleteCurves();
+    replot();
+}
+
+void SignalChannelPlot::deleteCurves()
+{
+    for (const pointData &entry : qAsConst(curveMap)) {
+        delete entry.curve;
+        delete entry.marker;
+    }
+    curveMap.clear();
+}

@@ -1,0 +1,10 @@
+#include "graphs/signalscaledraw.h"
+
+#include "graphs/networkname.h"
+
+#include <QString>
+
+QwtText SignalScaleDraw::label(double value) const
+{
+    return plainText(QString::number(value, 'g', 6));
+}
