@@ -1,0 +1,43 @@
+#include "deviations.h"
+
+#include <algorithm>
+
+namespace PluginCheck
+{
+
+void Deviations::add(const QString &code, const QString &rule, const QString &example)
+{
+    Deviation &deviation = entry(code, rule);
+    ++deviation.count;
+    if (deviation.examples.size() < MaximumExamples)
+        deviation.examples.append(example);
+}
+
+void Deviations::add(const Deviations &other)
+{
+    for (const Deviation &added : other.m_list) {
+        Deviation &deviation = entry(added.code, added.rule);
+        deviation.count += added.count;
+        deviation.examples += added.examples;
+        deviation.examples = deviation.examples.mid(0, MaximumExamples);
+    }
+}
+
+const Deviation *Deviations::find(const QString &code) const
+{
+    const auto found = std::find_if(m_list.cbegin(), m_list.cend(),
+        [&code](const Deviation &deviation) { return deviation.code == code; });
+    return found == m_list.cend() ? nullptr : &*found;
+}
+
+Deviation &Deviations::entry(const QString &code, const QString &rule)
+{
+    const auto found = std::find_if(m_list.begin(), m_list.end(),
+        [&code](const Deviation &deviation) { return deviation.code == code; });
+    if (found != m_list.end())
+        return *found;
+    m_list.append({code, rule, 0, {}});
+    return m_list.last();
+}
+
+} // namespace PluginCheck
