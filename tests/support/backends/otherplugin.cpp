@@ -1,0 +1,6 @@
+#include "otherplugin.h"
+
+int OtherPlugin::answer() const
+{
+    return 42;
+}
