@@ -1,14 +1,17 @@
 #ifndef AIRLUME_COMMON_QTCOMMONTOOLS_H
 #define AIRLUME_COMMON_QTCOMMONTOOLS_H
 
+#include <QMap>
 #include <QPalette>
 #include <QString>
 
+class IniFileOperate;
 class IpcLocalSocket;
 class LanguageFileOperate;
 class QIODevice;
 class QPainter;
 class QWidget;
+struct HomeTest_Value;
 
 /// Holds the process-wide objects and the small helpers that every view shares.
 ///
@@ -34,6 +37,19 @@ public:
     /// The channel to the host suite; null before Init(). Owned by this class.
     static IpcLocalSocket *GetIpcUdpClient();
 
+    /// The rooms, by name, with their results; what the room file holds. Never null.
+    static QMap<QString, HomeTest_Value> *GetHomeTestingIni();
+    /// True when there is a room of exactly this name (case-sensitive).
+    static bool HomeNameIsExisting(const QString &room);
+    /// Adds a room to the map and to the file, or replaces it there.
+    static void AddHomeTestToINI(const QString &room, const HomeTest_Value &value);
+    /// Removes a room from the map and from the file.
+    static void DelHomeValueFromINI(const QString &room);
+    /// Renames a room in the map and in the file; its results stay.
+    static void UpdateHomeNameToINI(const QString &oldName, const QString &newName);
+    /// Replaces a room's results in the map and in the file.
+    static void UpdateHomeValueToINI(const QString &room, const HomeTest_Value &value);
+
     /// Sets the colour of one palette role of `widget` in every colour group.
     static void SetPaletteColor(QWidget *widget, QPalette::ColorRole role, const QColor &color);
     /// Sets the brush of one palette role of `widget` in every colour group.
@@ -48,6 +64,8 @@ public:
 
     static IpcLocalSocket *m_pLocalSocket;
     static LanguageFileOperate *m_pLangFileOperate;
+    static IniFileOperate *m_piniHomeTestInstance;
+    static QMap<QString, HomeTest_Value> m_mapHomeTestValue;
     /// Where outputMessage() writes; not owned, null unless a log file was opened.
     static QIODevice *m_fileLog;
 };

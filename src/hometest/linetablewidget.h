@@ -1,0 +1,35 @@
+#ifndef AIRLUME_HOMETEST_LINETABLEWIDGET_H
+#define AIRLUME_HOMETEST_LINETABLEWIDGET_H
+
+#include <QPen>
+#include <QStyledItemDelegate>
+#include <QTableWidget>
+
+/// Paints a table's cells with a line along their bottom edge, in place of a grid.
+class QLineDelegate : public QStyledItemDelegate
+{
+    Q_OBJECT
+
+public:
+    /// Serves `view`, which is also its parent.
+    explicit QLineDelegate(QTableView *view);
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+        const QModelIndex &index) const override;
+
+private:
+    QPen m_pen;
+    QTableView *m_pView; ///< Not owned.
+};
+
+/// The table of rooms: no grid, no headers, whole rows selected one at a time, never edited in
+/// place. GUI thread only.
+class LineTableWidget : public QTableWidget
+{
+    Q_OBJECT
+
+public:
+    explicit LineTableWidget(QWidget *parent = nullptr);
+};
+
+#endif
