@@ -1,0 +1,498 @@
+#include "simulated/scenarioparser.h"
+#include "simulated/simulatedair.h"
+
+#include <QtTest>
+
+class TestSimulatedAir : public QObject
+{
+    Q_OBJECT
+private slots:
+    void listsPluggedInterfacesInTheOrderOfTheFile();
+    void unusableInterfaceIsListedButNotUsable();
+    void appendsToWhatTheCallerHas();
+    void mapHasTheKeysOfTheContract();
+    void mapsKeepTheOrderOfTheFile();
+    void sameSeedAndTimesGiveTheSameValues();
+    void valuesDoNotDependOnHowOftenOneAsks();
+    void anotherSeedGivesOtherValues();
+    void anAddedNetworkLeavesTheOthersAsTheyWere();
+    void networkIsOnTheAirFromAndUntil();
+    void joinedNetworkIsMarkedAndHasALinkRate();
+    void linkRateIsLeftOutWhenTheFileHasNone();
+    void joinedNetworkOffTheAirIsNotJoined();
+    void rawTextsReplaceWhatTheyName();
+    void radioOffAndOn();
+    void radioOfOneInterfaceLeavesTheOther();
+    void unplugAndPlug();
+    void joinAnotherAndLeave();
+    void failingInterfaceQueryStillGivesTheNames();
+    void failingUsableQuery();
+    void failingNetworkQuery();
+    void failingAllQueries();
+    void namedInterfaceMustBeUsable();
+    void withoutInterfaceNothingIsHeard();
+    void eventAtZeroHappensAtOnce();
+    void skippedEventsHappenInOrder();
+    void scriptStartsOver();
+    void timeDoesNotGoBack();
+    void radioSwitchedByHandLastsUntilTheNextEvent();
+    void addressOfAnInterface();
+    void hearsAnyNumberOfNetworks_data();
+    void hearsAnyNumberOfNetworks();
+};
+
+namespace
+{
+const QByteArray home = R"({ "ssid": "Home", "bssid": "02:00:00:00:00:01", "channel": 44,
+    "security": "WPA3-SAE", "signal": -50, "wander": 0, "joined": true, "link_rate": 866 })";
+const QByteArray other = R"({ "ssid": "Other", "bssid": "02:00:00:00:00:02", "channel": 6,
+    "signal": -70, "wander": 0 })";
+const QString homeBssid = QStringLiteral("02:00:00:00:00:01");
+const QString otherBssid = QStringLiteral("02:00:00:00:00:02");
+
+SimulatedAir airOf(const QByteArray &json)
+{
+    const ScenarioResult result = ParseScenario(json);
+    if (result.error.isSet())
+        qFatal("%s: %s", qPrintable(result.error.field), qPrintable(result.error.text));
+    return SimulatedAir(result.scenario);
+}
+
+/// Two interfaces "a" and "b", the networks above and some events.
+SimulatedAir airWithEvents(const QByteArray &events)
+{
+    return airOf(R"({"interfaces":[{"name":"a"},{"name":"b"}],"networks":[)" + home + ',' + other +
+                 "],\"events\":[" + events + "]}");
+}
+
+QStringList interfacesOf(const SimulatedAir &air)
+{
+    QStringList names;
+    air.interfaces(names);
+    return names;
+}
+
+QList<ScanMap> networksOf(const SimulatedAir &air, const QString &interface = QString())
+{
+    QList<ScanMap> maps;
+    air.networks(interface, maps);
+    return maps;
+}
+
+bool hears(const SimulatedAir &air, const QString &interface = QString())
+{
+    QList<ScanMap> maps;
+    return air.networks(interface, maps);
+}
+
+/// BSSIDs of the networks marked as joined.
+QStringList joinedOf(const SimulatedAir &air)
+{
+    QStringList found;
+    const QList<ScanMap> maps = networksOf(air);
+    for (const ScanMap &map : maps) {
+        if (map.value(QStringLiteral("current_connected")) == QLatin1String("1"))
+            found.append(map.value(QStringLiteral("bssid")));
+    }
+    return found;
+}
+
+const QString a = QStringLiteral("a");
+const QString b = QStringLiteral("b");
+} // namespace
+
+void TestSimulatedAir::listsPluggedInterfacesInTheOrderOfTheFile()
+{
+    const SimulatedAir air = airOf(R"({"interfaces":[{"name":"z"},{"name":"a"},{"name":"m"}]})");
+    QCOMPARE(interfacesOf(air),
+        (QStringList{QStringLiteral("z"), QStringLiteral("a"), QStringLiteral("m")}));
+    QVERIFY(air.isUsable(a));
+    QVERIFY(!air.isUsable(QStringLiteral("other")));
+    QVERIFY(!air.isUsable(QString()));
+}
+
+void TestSimulatedAir::unusableInterfaceIsListedButNotUsable()
+{
+    const SimulatedAir air = airOf(R"({"interfaces":[{"name":"a","usable":false},{"name":"b"}]})");
+    QCOMPARE(interfacesOf(air), (QStringList{a, b}));
+    QVERIFY(!air.isUsable(a));
+    QVERIFY(air.isUsable(b));
+    QVERIFY(!hears(air, a));
+    QVERIFY(hears(air, b));
+    QVERIFY(hears(air));
+    QVERIFY(!hears(airOf(R"({"interfaces":[{"name":"a","usable":false}]})")));
+}
+
+void TestSimulatedAir::appendsToWhatTheCallerHas()
+{
+    const SimulatedAir air = airWithEvents({});
+    QStringList names{QStringLiteral("before")};
+    QVERIFY(air.interfaces(names));
+    QCOMPARE(names, (QStringList{QStringLiteral("before"), a, b}));
+    QList<ScanMap> maps{ScanMap()};
+    QVERIFY(air.networks(QString(), maps));
+    QCOMPARE(maps.size(), 3);
+    QVERIFY(maps.first().isEmpty());
+}
+
+void TestSimulatedAir::mapHasTheKeysOfTheContract()
+{
+    const QList<ScanMap> maps = networksOf(airWithEvents({}));
+    QCOMPARE(maps.at(0),
+        (ScanMap{{QStringLiteral("ssid"), QStringLiteral("Home")},
+            {QStringLiteral("bssid"), homeBssid}, {QStringLiteral("channel"), QStringLiteral("44")},
+            {QStringLiteral("current_connected"), QStringLiteral("1")},
+            {QStringLiteral("security_mode"), QStringLiteral("WPA3-SAE")},
+            {QStringLiteral("WLAN_NETWORK_SIGNAL"), QStringLiteral("-50")},
+            {QStringLiteral("link_rate"), QStringLiteral("866")}}));
+    QCOMPARE(maps.at(1),
+        (ScanMap{{QStringLiteral("ssid"), QStringLiteral("Other")},
+            {QStringLiteral("bssid"), otherBssid}, {QStringLiteral("channel"), QStringLiteral("6")},
+            {QStringLiteral("current_connected"), QStringLiteral("0")},
+            {QStringLiteral("security_mode"), QStringLiteral("WPA2-PSK")},
+            {QStringLiteral("WLAN_NETWORK_SIGNAL"), QStringLiteral("-70")}}));
+}
+
+void TestSimulatedAir::mapsKeepTheOrderOfTheFile()
+{
+    const SimulatedAir air = airOf(R"({"networks":[
+        {"ssid":"Z","bssid":"02:00:00:00:00:01","channel":1,"signal":-90},
+        {"ssid":"A","bssid":"02:00:00:00:00:02","channel":1,"signal":-30}],
+        "generate":{"count":1}})");
+    QStringList names;
+    const QList<ScanMap> maps = networksOf(air);
+    for (const ScanMap &map : maps)
+        names.append(map.value(QStringLiteral("ssid")));
+    QCOMPARE(names,
+        (QStringList{QStringLiteral("Z"), QStringLiteral("A"), QStringLiteral("Network 0000")}));
+}
+
+void TestSimulatedAir::sameSeedAndTimesGiveTheSameValues()
+{
+    SimulatedAir one = airOf(R"({"seed":5,"generate":{"count":50,"wander":9}})");
+    SimulatedAir two = airOf(R"({"seed":5,"generate":{"count":50,"wander":9}})");
+    for (int i = 0; i < 200; ++i) {
+        one.advanceTo(i * 4.0);
+        two.advanceTo(i * 4.0);
+        QCOMPARE(networksOf(one), networksOf(two));
+    }
+}
+
+void TestSimulatedAir::valuesDoNotDependOnHowOftenOneAsks()
+{
+    const QByteArray json = R"({"seed":5,"repeat":70,"generate":{"count":50,"wander":9},
+        "events":[{"at":20,"do":"radio_off"},{"at":30,"do":"radio_on"}]})";
+    SimulatedAir often = airOf(json);
+    SimulatedAir once = airOf(json);
+    for (int i = 0; i <= 1000; ++i)
+        often.advanceTo(i);
+    once.advanceTo(1000.0);
+    QVERIFY(!networksOf(once).isEmpty());
+    QCOMPARE(networksOf(often), networksOf(once));
+}
+
+void TestSimulatedAir::anotherSeedGivesOtherValues()
+{
+    const SimulatedAir one = airOf(R"({"seed":5,"generate":{"count":50,"wander":9}})");
+    const SimulatedAir two = airOf(R"({"seed":6,"generate":{"count":50,"wander":9}})");
+    QVERIFY(networksOf(one) != networksOf(two));
+}
+
+void TestSimulatedAir::anAddedNetworkLeavesTheOthersAsTheyWere()
+{
+    const QByteArray first = R"({"ssid":"A","bssid":"02:00:00:00:00:0a","channel":1,"wander":9})";
+    const QByteArray added = R"({"ssid":"B","bssid":"02:00:00:00:00:0b","channel":1,"wander":9})";
+    SimulatedAir one = airOf("{\"networks\":[" + first + "]}");
+    SimulatedAir two = airOf("{\"networks\":[" + added + ',' + first + "]}");
+    for (int i = 0; i < 20; ++i) {
+        one.advanceTo(i * 4.0);
+        two.advanceTo(i * 4.0);
+        QCOMPARE(networksOf(one).at(0), networksOf(two).at(1));
+    }
+}
+
+void TestSimulatedAir::networkIsOnTheAirFromAndUntil()
+{
+    SimulatedAir air = airOf(R"({"networks":[
+        {"ssid":"A","bssid":"02:00:00:00:00:01","channel":1,"from":10,"until":20}]})");
+    QVERIFY(networksOf(air).isEmpty());
+    QVERIFY(hears(air));
+    air.advanceTo(9.999);
+    QCOMPARE(networksOf(air).size(), 0);
+    air.advanceTo(10.0);
+    QCOMPARE(networksOf(air).size(), 1);
+    air.advanceTo(19.999);
+    QCOMPARE(networksOf(air).size(), 1);
+    air.advanceTo(20.0);
+    QCOMPARE(networksOf(air).size(), 0);
+}
+
+void TestSimulatedAir::joinedNetworkIsMarkedAndHasALinkRate()
+{
+    SimulatedAir air = airOf(R"({"networks":[{"ssid":"A","bssid":"02:00:00:00:00:01","channel":1,
+        "joined":true,"link_rate":866,"wander":0,"walk":[[0,-40],[100,-90],[200,-40]]}]})");
+    const auto rate = [&air] {
+        return networksOf(air).first().value(QStringLiteral("link_rate")).toInt();
+    };
+    int last = rate();
+    QCOMPARE(last, 866);
+    for (int t = 4; t <= 100; t += 4) {
+        air.advanceTo(t);
+        QVERIFY(rate() <= last);
+        last = rate();
+    }
+    QCOMPARE(last, 65);
+    air.advanceTo(200.0);
+    QCOMPARE(rate(), 866);
+
+    ScanMap map;
+    QVERIFY(air.joinedNetwork(QString(), map));
+    QCOMPARE(map, networksOf(air).first());
+}
+
+void TestSimulatedAir::linkRateIsLeftOutWhenTheFileHasNone()
+{
+    const SimulatedAir air = airOf(
+        R"({"networks":[{"ssid":"A","bssid":"02:00:00:00:00:01","channel":1,"joined":true}]})");
+    QVERIFY(!networksOf(air).first().contains(QStringLiteral("link_rate")));
+}
+
+void TestSimulatedAir::joinedNetworkOffTheAirIsNotJoined()
+{
+    SimulatedAir air = airOf(R"({"networks":[
+        {"ssid":"A","bssid":"02:00:00:00:00:01","channel":1,"joined":true,"until":5}]})");
+    ScanMap map;
+    QVERIFY(air.joinedNetwork(QString(), map));
+    air.advanceTo(5.0);
+    QVERIFY(!air.joinedNetwork(QString(), map));
+    QVERIFY(joinedOf(air).isEmpty());
+}
+
+void TestSimulatedAir::rawTextsReplaceWhatTheyName()
+{
+    const SimulatedAir air = airOf(R"({"networks":[
+        {"ssid":"A","bssid":"02:00:00:00:00:01","channel":1,"joined":true,"link_rate":54,"raw":{
+            "ssid":null, "bssid":"twice", "channel":"abc", "current_connected":"true",
+            "security_mode":"", "WLAN_NETWORK_SIGNAL":"-67dBm", "link_rate":"fast", "other":"x"}},
+        {"ssid":"B","bssid":"02:00:00:00:00:02","channel":1,"raw":{"current_connected":"1"}}]})");
+    QCOMPARE(networksOf(air).first(),
+        (ScanMap{{QStringLiteral("bssid"), QStringLiteral("twice")},
+            {QStringLiteral("channel"), QStringLiteral("abc")},
+            {QStringLiteral("current_connected"), QStringLiteral("true")},
+            {QStringLiteral("security_mode"), QString()},
+            {QStringLiteral("WLAN_NETWORK_SIGNAL"), QStringLiteral("-67dBm")},
+            {QStringLiteral("link_rate"), QStringLiteral("fast")},
+            {QStringLiteral("other"), QStringLiteral("x")}}));
+    QCOMPARE(joinedOf(air), QStringList{otherBssid});
+}
+
+void TestSimulatedAir::radioOffAndOn()
+{
+    SimulatedAir air = airWithEvents(R"({"at":10,"do":"radio_off"},{"at":20,"do":"radio_on"})");
+    air.advanceTo(9.0);
+    QVERIFY(hears(air) && air.isUsable(a) && air.isUsable(b));
+    air.advanceTo(10.0);
+    QCOMPARE(interfacesOf(air), (QStringList{a, b}));
+    QVERIFY(!air.isUsable(a) && !air.isUsable(b));
+    QVERIFY(!hears(air) && !hears(air, a));
+    QVERIFY(networksOf(air).isEmpty());
+    ScanMap map;
+    QVERIFY(!air.joinedNetwork(QString(), map));
+    air.advanceTo(20.0);
+    QVERIFY(hears(air) && air.isUsable(a) && air.isUsable(b));
+    QCOMPARE(joinedOf(air), QStringList{homeBssid});
+}
+
+void TestSimulatedAir::radioOfOneInterfaceLeavesTheOther()
+{
+    SimulatedAir air = airWithEvents(R"({"at":10,"do":"radio_off","interface":"a"})");
+    air.advanceTo(10.0);
+    QVERIFY(!air.isUsable(a) && air.isUsable(b));
+    QVERIFY(!hears(air, a) && hears(air, b) && hears(air));
+}
+
+void TestSimulatedAir::unplugAndPlug()
+{
+    SimulatedAir air = airWithEvents(R"({"at":10,"do":"unplug","interface":"b"},
+        {"at":20,"do":"unplug"},{"at":30,"do":"plug","interface":"b"},{"at":40,"do":"plug"})");
+    air.advanceTo(10.0);
+    QCOMPARE(interfacesOf(air), QStringList{a});
+    QVERIFY(air.isUsable(a) && !air.isUsable(b) && !hears(air, b) && hears(air));
+    air.advanceTo(20.0);
+    QVERIFY(interfacesOf(air).isEmpty());
+    QVERIFY(!air.isUsable(a) && !hears(air));
+    air.advanceTo(30.0);
+    QCOMPARE(interfacesOf(air), QStringList{b});
+    QVERIFY(hears(air));
+    air.advanceTo(40.0);
+    QCOMPARE(interfacesOf(air), (QStringList{a, b}));
+}
+
+void TestSimulatedAir::joinAnotherAndLeave()
+{
+    SimulatedAir air = airWithEvents(
+        R"({"at":10,"do":"join","bssid":"02:00:00:00:00:02"},{"at":20,"do":"leave"})");
+    QCOMPARE(joinedOf(air), QStringList{homeBssid});
+    air.advanceTo(10.0);
+    QCOMPARE(joinedOf(air), QStringList{otherBssid});
+    ScanMap map;
+    QVERIFY(air.joinedNetwork(a, map));
+    QCOMPARE(map.value(QStringLiteral("bssid")), otherBssid);
+    air.advanceTo(20.0);
+    QVERIFY(joinedOf(air).isEmpty());
+    QVERIFY(!air.joinedNetwork(a, map));
+}
+
+void TestSimulatedAir::failingInterfaceQueryStillGivesTheNames()
+{
+    SimulatedAir air = airWithEvents(R"({"at":10,"do":"fail","query":"interfaces"},
+        {"at":20,"do":"recover","query":"interfaces"})");
+    air.advanceTo(10.0);
+    QStringList names;
+    QVERIFY(!air.interfaces(names));
+    QCOMPARE(names, (QStringList{a, b}));
+    QVERIFY(air.isUsable(a) && hears(air));
+    air.advanceTo(20.0);
+    QVERIFY(air.interfaces(names));
+}
+
+void TestSimulatedAir::failingUsableQuery()
+{
+    SimulatedAir air = airWithEvents(
+        R"({"at":10,"do":"fail","query":"usable"},{"at":20,"do":"recover","query":"usable"})");
+    air.advanceTo(10.0);
+    QStringList names;
+    QVERIFY(!air.isUsable(a) && air.interfaces(names) && hears(air) && hears(air, a));
+    air.advanceTo(20.0);
+    QVERIFY(air.isUsable(a));
+}
+
+void TestSimulatedAir::failingNetworkQuery()
+{
+    SimulatedAir air = airWithEvents(
+        R"({"at":10,"do":"fail","query":"networks"},{"at":20,"do":"recover","query":"networks"})");
+    air.advanceTo(10.0);
+    QStringList names;
+    QVERIFY(air.isUsable(a) && air.interfaces(names) && !hears(air) && !hears(air, a));
+    QVERIFY(networksOf(air).isEmpty());
+    air.advanceTo(20.0);
+    QVERIFY(hears(air));
+}
+
+void TestSimulatedAir::failingAllQueries()
+{
+    SimulatedAir air = airWithEvents(R"({"at":10,"do":"fail"},{"at":20,"do":"recover"})");
+    air.advanceTo(10.0);
+    QStringList names;
+    QVERIFY(!air.isUsable(a) && !air.interfaces(names) && !hears(air));
+    air.advanceTo(20.0);
+    QVERIFY(air.isUsable(a) && air.interfaces(names) && hears(air));
+}
+
+void TestSimulatedAir::namedInterfaceMustBeUsable()
+{
+    const SimulatedAir air = airWithEvents({});
+    QVERIFY(hears(air, a));
+    QVERIFY(hears(air, b));
+    QVERIFY(!hears(air, QStringLiteral("c")));
+}
+
+void TestSimulatedAir::withoutInterfaceNothingIsHeard()
+{
+    const SimulatedAir air = airOf(R"({"interfaces":[],"generate":{"count":3}})");
+    QStringList names;
+    QVERIFY(air.interfaces(names));
+    QVERIFY(names.isEmpty());
+    QVERIFY(!hears(air));
+}
+
+void TestSimulatedAir::eventAtZeroHappensAtOnce()
+{
+    QVERIFY(!hears(airWithEvents(R"({"at":0,"do":"radio_off"})")));
+}
+
+void TestSimulatedAir::skippedEventsHappenInOrder()
+{
+    SimulatedAir air = airWithEvents(R"({"at":2,"do":"radio_on"},{"at":1,"do":"radio_off"},
+        {"at":3,"do":"unplug","interface":"a"})");
+    air.advanceTo(100.0);
+    QCOMPARE(interfacesOf(air), QStringList{b});
+    QVERIFY(air.isUsable(b));
+}
+
+void TestSimulatedAir::scriptStartsOver()
+{
+    SimulatedAir air = airOf(R"({"repeat":60,"networks":[)" + home +
+                             R"(,{"ssid":"Late","bssid":"02:00:00:00:00:02","channel":6,"from":30}],
+        "events":[{"at":10,"do":"leave"},{"at":40,"do":"radio_off"}]})");
+    for (const double start : {0.0, 60.0, 120.0, 6000.0}) {
+        air.advanceTo(start);
+        QCOMPARE(networksOf(air).size(), 1);
+        QCOMPARE(joinedOf(air), QStringList{homeBssid});
+        air.advanceTo(start + 10.0);
+        QVERIFY(joinedOf(air).isEmpty());
+        air.advanceTo(start + 30.0);
+        QCOMPARE(networksOf(air).size(), 2);
+        air.advanceTo(start + 40.0);
+        QVERIFY(!hears(air));
+    }
+}
+
+void TestSimulatedAir::timeDoesNotGoBack()
+{
+    SimulatedAir air = airWithEvents(R"({"at":10,"do":"leave"})");
+    air.advanceTo(10.0);
+    air.advanceTo(0.0);
+    QVERIFY(joinedOf(air).isEmpty());
+    air.advanceTo(-5.0);
+    QVERIFY(joinedOf(air).isEmpty());
+}
+
+void TestSimulatedAir::radioSwitchedByHandLastsUntilTheNextEvent()
+{
+    SimulatedAir air = airWithEvents(R"({"at":10,"do":"leave"},{"at":20,"do":"radio_on"})");
+    QVERIFY(!air.setRadio(QStringLiteral("c"), false));
+    QVERIFY(air.setRadio(a, false));
+    QVERIFY(!air.isUsable(a) && air.isUsable(b));
+    air.advanceTo(10.0);
+    QVERIFY(!air.isUsable(a));
+    air.advanceTo(20.0);
+    QVERIFY(air.isUsable(a));
+    QVERIFY(air.setRadio(a, false) && air.setRadio(a, true));
+    QVERIFY(air.isUsable(a));
+}
+
+void TestSimulatedAir::addressOfAnInterface()
+{
+    SimulatedAir air = airOf(R"({"interfaces":[{"name":"a","address":"02:0a:0b:0c:0d:0e"}],
+        "events":[{"at":1,"do":"unplug"}]})");
+    QString address;
+    QVERIFY(air.address(a, address));
+    QCOMPARE(address, QStringLiteral("02:0a:0b:0c:0d:0e"));
+    QVERIFY(!air.address(b, address));
+    air.advanceTo(1.0);
+    QVERIFY(!air.address(a, address));
+}
+
+void TestSimulatedAir::hearsAnyNumberOfNetworks_data()
+{
+    QTest::addColumn<int>("count");
+    for (const int count : {0, 1, 15, 60, 300, 1000, 5000})
+        QTest::addRow("%d", count) << count;
+}
+
+void TestSimulatedAir::hearsAnyNumberOfNetworks()
+{
+    QFETCH(int, count);
+    const SimulatedAir air = airOf("{\"generate\":{\"count\":" + QByteArray::number(count) + "}}");
+    QList<ScanMap> maps;
+    QBENCHMARK
+    {
+        maps.clear();
+        QVERIFY(air.networks(QString(), maps));
+    }
+    QCOMPARE(maps.size(), count);
+}
+
+QTEST_GUILESS_MAIN(TestSimulatedAir)
+#include "tst_simulatedair.moc"
