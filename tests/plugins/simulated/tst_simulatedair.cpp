@@ -184,9 +184,9 @@ void TestSimulatedAir::valuesDoNotDependOnHowOftenOneAsks()
         "events":[{"at":20,"do":"radio_off"},{"at":30,"do":"radio_on"}]})";
     SimulatedAir often = airOf(json);
     SimulatedAir once = airOf(json);
-    for (int i = 0; i <= 1000; ++i)
+    for (int i = 0; i <= 1015; ++i)
         often.advanceTo(i);
-    once.advanceTo(1000.0);
+    once.advanceTo(1015.0);
     QVERIFY(!networksOf(once).isEmpty());
     QCOMPARE(networksOf(often), networksOf(once));
 }
@@ -486,11 +486,7 @@ void TestSimulatedAir::hearsAnyNumberOfNetworks()
     QFETCH(int, count);
     const SimulatedAir air = airOf("{\"generate\":{\"count\":" + QByteArray::number(count) + "}}");
     QList<ScanMap> maps;
-    QBENCHMARK
-    {
-        maps.clear();
-        QVERIFY(air.networks(QString(), maps));
-    }
+    QVERIFY(air.networks(QString(), maps));
     QCOMPARE(maps.size(), count);
 }
 
