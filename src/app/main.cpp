@@ -1,4 +1,38 @@
-int main()
+#include "app/airlume.h"
+#include "app/ipclocalserver.h"
+#include "app/placement.h"
+
+#include <QApplication>
+#include <QDesktopWidget>
+#include <QIcon>
+#include <QLocalSocket>
+#include <QTextCodec>
+
+namespace
 {
-    return 0;
+const QLatin1String ServerName("Airlume_LocalServer");
+const int ProbeTimeoutMs = 200;
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QCoreApplication::setApplicationName(QStringLiteral("Airlume"));
+    QApplication application(argc, argv);
+
+    QLocalSocket probe;
+    probe.connectToServer(ServerName, QIODevice::ReadWrite);
+    if (probe.waitForConnected(ProbeTimeoutMs))
+        return 0;
+
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/images/airlume.png")));
+    Airlume window;
+    window.show();
+    window.move(CentredPosition(QApplication::desktop()->geometry(), window.geometry()));
+
+    IpcLocalServer server(ServerName);
+    QObject::connect(&server, SIGNAL(signalNewProcess()), &window, SLOT(slotNewProcess()));
+    return QApplication::exec();
 }

@@ -1,0 +1,235 @@
+#include "app/airlume.h"
+
+#include "channels/channelinterfacewgt.h"
+#include "common/QtCommonTools.h"
+#include "common/diagnostics.h"
+#include "graphs/signal2gplot.h"
+#include "graphs/signal5gplot.h"
+#include "graphs/signalstrengthdashboard.h"
+#include "graphs/signaltimeplot.h"
+#include "hometest/signalhometestingwgt.h"
+#include "i18n/ipclocalsocket.h"
+#include "i18n/languagelabels.h"
+#include "netlist/signaltreeview.h"
+#include "scan/signalnetworkscanthread.h"
+#include "scan/signalscanthread.h"
+#include "scan/wifiapi.h"
+
+#include <QApplication>
+#include <QDebug>
+#include <QDesktopWidget>
+#include <QFile>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPluginLoader>
+#include <QPushButton>
+#include <QScreen>
+#include <QStackedLayout>
+#include <QTabWidget>
+
+#include <unistd.h>
+
+namespace
+{
+const QSize NormalMaximumSize(800, 700);
+const int MinimumWidth = 1100;
+/// Height of the band at the top in which a double click toggles the size.
+const int TitleBandHeight = 50;
+} // namespace
+
+Airlume::Airlume(QWidget *parent)
+    : QWidget(parent)
+{
+    installEventFilter(this);
+    setMinimumWidth(MinimumWidth);
+    setObjectName(QStringLiteral("Airlume"));
+    setWindowTitle(QStringLiteral("Airlume"));
+    setWindowFlags(Qt::FramelessWindowHint);
+
+    loadBackEnd();
+    QtCommonTools::Init();
+    if (!buildLayout())
+        return;
+    connectViews();
+
+    m_pTabWidget->setCurrentIndex(0);
+    createThreads();
+    applyStyleSheet();
+    setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Minimum);
+    // Narrower than the minimum width, which wins.
+    setMaximumSize(NormalMaximumSize);
+    m_pScanThread->start();
+    m_pNetworkScanThread->start();
+}
+
+Airlume::~Airlume()
+{
+    if (m_pNetworkScanThread) {
+        m_pNetworkScanThread->disconnect();
+        delete m_pNetworkScanThread;
+    }
+    if (m_pScanThread) {
+        m_pScanThread->setExit();
+        m_pScanThread->disconnect();
+        delete m_pScanThread;
+    }
+    delete m_pHomeTesting;
+    delete m_pDashboard;
+    QtCommonTools::Release();
+}
+
+/// Looks for the back end on Qt's library paths. Without one the program runs and hears nothing.
+void Airlume::loadBackEnd()
+{
+    QPluginLoader loader(QStringLiteral("libWiFiApiPlugin.dylib"));
+    _wifiApi_inf = qobject_cast<WiFiApiInterface *>(loader.instance());
+}
+
+void Airlume::createThreads()
+{
+    m_pScanThread = new SignalScanThread(this);
+    m_pNetworkScanThread = new SignalNetworkScanThread(this);
+    connectThreads();
+}
+
+void Airlume::applyStyleSheet()
+{
+    QFile file(QStringLiteral(":/qss/Airlume.qss"));
+    if (!file.open(QIODevice::ReadOnly))
+        return;
+    qDebug() << "open qss success";
+    setStyleSheet(QString::fromUtf8(file.readAll()));
+}
+
+bool Airlume::eventFilter(QObject *watched, QEvent *event)
+{
+    if (!watched->isWidgetType())
+        return false;
+
+    switch (event->type()) {
+    case QEvent::MouseButtonPress: {
+        const QMouseEvent *mouse = static_cast<QMouseEvent *>(event);
+        if (mouse->button() == Qt::LeftButton) {
+            m_bDragging = true;
+            m_dragOffset = mouse->screenPos().toPoint() - frameGeometry().topLeft();
+        }
+        break;
+    }
+    case QEvent::MouseButtonRelease:
+        if (static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton)
+            m_bDragging = false;
+        break;
+    case QEvent::MouseButtonDblClick:
+        if (static_cast<QMouseEvent *>(event)->localPos().toPoint().y() < TitleBandHeight)
+            onBtnRestoreClicked();
+        break;
+    case QEvent::MouseMove: {
+        const QMouseEvent *mouse = static_cast<QMouseEvent *>(event);
+        if ((mouse->buttons() & Qt::LeftButton) && m_bDragging && !isFullScreen())
+            move(mouse->screenPos().toPoint() - m_dragOffset);
+        break;
+    }
+    default:
+        break;
+    }
+    return false;
+}
+
+void Airlume::onStatusChange(QString status)
+{
+    m_pStatusLabel->setText(status);
+}
+
+void Airlume::onNetworkReturned(QString ssid)
+{
+    if (ssid == LanguageLabels::m_strEmpty) {
+        m_strConnected = QtCommonTools::tr(LanguageLabels::m_strLangBoardNoNetworkConn);
+    } else {
+        m_strConnected = QtCommonTools::tr(LanguageLabels::m_strLangBoardConnectedNetwork) +
+                         QLatin1Char(' ') + ssid;
+    }
+    m_pConnectedLabel->setText(m_strConnected);
+}
+
+void Airlume::slotNewProcess() {}
+
+void Airlume::onStartBtnClicked() {}
+
+void Airlume::onBtnCloseClicked()
+{
+    // On purpose: closing never waits for a thread or a back end.
+    _exit(0);
+}
+
+void Airlume::onBtnMinimizeClicked()
+{
+    showMinimized();
+}
+
+void Airlume::onBtnRestoreClicked()
+{
+    if (m_bMaximized) {
+        setMaximumSize(NormalMaximumSize);
+        qDebug() << "restore window";
+        setGeometry(m_normalGeometry);
+        m_pSizeButtons->setCurrentWidget(m_pMaximizeBtn);
+        emit RestoreWindow();
+    } else {
+        qDebug() << "show max window";
+        m_normalGeometry = geometry();
+        setMaximumSize(QApplication::desktop()->size());
+        setGeometry(QGuiApplication::primaryScreen()->availableGeometry());
+        m_pSizeButtons->setCurrentWidget(m_pRestoreBtn);
+        emit MaxWindow();
+    }
+    emit signalUpdateWindowSize();
+    m_bMaximized = !m_bMaximized;
+}
+
+void Airlume::slotChangeLanguage()
+{
+    if (!m_pTreeView) {
+        AIRLUME_NULL_POINT();
+        return;
+    }
+    m_pTreeView->ChangeLanguage();
+    if (!m_pDashboard) {
+        AIRLUME_NULL_POINT();
+        return;
+    }
+    m_pDashboard->update();
+    if (!m_pConnectedLabel) {
+        AIRLUME_NULL_POINT();
+        return;
+    }
+    // On purpose the stored text keeps its language until the next joined network is reported.
+    m_pConnectedLabel->setText(m_strConnected);
+    if (!m_pTabWidget) {
+        AIRLUME_NULL_POINT();
+        return;
+    }
+    const QString titles[] = {LanguageLabels::m_strLangSignalGraph,
+        LanguageLabels::m_strLangChannelGraph, LanguageLabels::m_strLangChannelInterface,
+        LanguageLabels::m_strHomeTestTitle};
+    if (m_pTabWidget->count() >= 4) {
+        for (int tab = 0; tab < 4; ++tab)
+            m_pTabWidget->setTabText(tab, QtCommonTools::tr(titles[tab]));
+    }
+    if (!m_pHomeTesting) {
+        AIRLUME_NULL_POINT();
+        return;
+    }
+    m_pHomeTesting->ChangeLanguage();
+    if (!m_pChannelInterface) {
+        AIRLUME_NULL_POINT();
+        return;
+    }
+    m_pChannelInterface->ChangeLanguage();
+}
+
+void Airlume::slotEmpty()
+{
+    m_pTimePlot->EmptyCurveData();
+    m_p2GPlot->EmptyCurveData();
+    m_p5GPlot->EmptyCurveData();
+}

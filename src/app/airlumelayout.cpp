@@ -1,0 +1,211 @@
+// The main window's widgets and their places.
+
+#include "app/airlume.h"
+
+#include "app/elidedlabel.h"
+#include "channels/channelinterfacewgt.h"
+#include "common/QtCommonTools.h"
+#include "common/diagnostics.h"
+#include "graphs/signal2gplot.h"
+#include "graphs/signal5gplot.h"
+#include "graphs/signalstrengthdashboard.h"
+#include "graphs/signaltimeplot.h"
+#include "hometest/signalhometestingwgt.h"
+#include "i18n/languagelabels.h"
+#include "netlist/signaltreeview.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QPixmap>
+#include <QPushButton>
+#include <QStackedLayout>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace
+{
+const int TitleHeight = 44;
+const int StatusHeight = 21;
+
+QFrame *makeFrame(const char *objectName, QFrame::Shape shape)
+{
+    QFrame *frame = new QFrame;
+    frame->setObjectName(QLatin1String(objectName));
+    frame->setFrameShape(shape);
+    frame->setFrameShadow(QFrame::Raised);
+    return frame;
+}
+
+template <typename Layout> Layout *named(Layout *layout, const char *objectName)
+{
+    layout->setObjectName(QLatin1String(objectName));
+    return layout;
+}
+
+/// For the graphs, which the window's style sheet would colour otherwise.
+const QString GraphStyle = QStringLiteral("color: rgb(0, 0, 0);");
+} // namespace
+
+/// False when a view that the window cannot do without could not be made.
+bool Airlume::buildLayout()
+{
+    QGridLayout *grid = named(new QGridLayout(this), "gridLayout");
+    grid->setSpacing(6);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->addWidget(buildTitleBar(), 0, 0);
+
+    QVBoxLayout *column = named(new QVBoxLayout, "verticalLayout_3");
+    column->setContentsMargins(10, 0, 10, 0);
+    grid->addLayout(column, 1, 0);
+    if (!buildListArea(column) || !buildTabs(column))
+        return false;
+
+    grid->addWidget(buildStatusBar(), 2, 0);
+    return true;
+}
+
+QFrame *Airlume::buildTitleBar()
+{
+    m_pTitleFrame = makeFrame("title", QFrame::NoFrame);
+    m_pTitleFrame->setFixedHeight(TitleHeight);
+    QHBoxLayout *row = named(new QHBoxLayout(m_pTitleFrame), "horizontalLayout1");
+    row->setSpacing(6);
+    row->setContentsMargins(0, 0, 0, 0);
+
+    m_pLogo = new QLabel;
+    m_pLogo->setObjectName(QStringLiteral("logo"));
+    m_pLogo->setMinimumHeight(TitleHeight);
+    m_pLogo->setPixmap(QPixmap(QStringLiteral(":/images/logo.png")));
+    row->addWidget(m_pLogo);
+    row->addItem(new QSpacerItem(840, 17, QSizePolicy::Expanding, QSizePolicy::Minimum));
+
+    QVBoxLayout *buttonColumn = named(new QVBoxLayout, "verticalLayout");
+    m_pButtonFrame = makeFrame("buttonframe", QFrame::NoFrame);
+    m_pButtonFrame->setMaximumSize(46, 50);
+    QHBoxLayout *buttons = named(new QHBoxLayout(m_pButtonFrame), "horizontalLayout2");
+    buttons->setContentsMargins(0, 0, 0, 0);
+
+    m_pMinimizeBtn = makeCaptionButton("minimize", "Minimize");
+    m_pMaximizeBtn = makeCaptionButton("maximize", "Maximize");
+    m_pRestoreBtn = makeCaptionButton("restore", "Restore");
+    m_pCloseBtn = makeCaptionButton("close1", "Close");
+    buttons->addWidget(m_pMinimizeBtn);
+    m_pSizeButtons = new QStackedLayout;
+    m_pSizeButtons->addWidget(m_pMaximizeBtn);
+    m_pSizeButtons->addWidget(m_pRestoreBtn);
+    buttons->addLayout(m_pSizeButtons);
+    buttons->addWidget(m_pCloseBtn);
+    // Wider than the frame's maximum, and stronger: the three buttons stand side by side, whole.
+    m_pButtonFrame->setMinimumWidth(buttons->minimumSize().width());
+
+    buttonColumn->addWidget(m_pButtonFrame);
+    row->addLayout(buttonColumn);
+    return m_pTitleFrame;
+}
+
+QPushButton *Airlume::makeCaptionButton(const char *objectName, const char *accessibleName)
+{
+    QPushButton *button = new QPushButton;
+    button->setObjectName(QLatin1String(objectName));
+    button->setAccessibleName(QLatin1String(accessibleName));
+    // Flat, since the style sheet makes other push buttons at least 65 px wide.
+    button->setFlat(true);
+    button->setFixedSize(20, 20);
+    return button;
+}
+
+bool Airlume::buildListArea(QBoxLayout *column)
+{
+    m_pTreeFrame = makeFrame("treeframe", QFrame::NoFrame);
+    column->addWidget(m_pTreeFrame);
+    QHBoxLayout *row = named(new QHBoxLayout(m_pTreeFrame), "horizontalLayout3");
+    row->setSpacing(0);
+    row->setContentsMargins(0, 6, 0, 0);
+
+    m_pTreeView = new SignalTreeView;
+    m_pTreeView->setObjectName(QStringLiteral("treeView"));
+    m_pTreeView->setMinimumSize(100, 100);
+    row->addWidget(m_pTreeView);
+
+    m_pDialFrame = makeFrame("dialframe", QFrame::NoFrame);
+    row->addWidget(m_pDialFrame);
+    QVBoxLayout *gaugeColumn = named(new QVBoxLayout(m_pDialFrame), "verticalLayout_2");
+    gaugeColumn->setSpacing(15);
+    m_pDashboard = SignalStrengthDashboard::Instance(m_pDialFrame);
+    if (!m_pDashboard) {
+        AIRLUME_NULL_POINT();
+        return false;
+    }
+    m_pDashboard->setObjectName(QStringLiteral("Dial"));
+    m_pDashboard->setFixedSize(320, 260);
+    gaugeColumn->addWidget(m_pDashboard, 0, Qt::AlignTop);
+
+    QHBoxLayout *labelRow = named(new QHBoxLayout, "horizontalLayout_4");
+    m_pConnectedLabel = new ElidedLabel;
+    m_pConnectedLabel->setObjectName(QStringLiteral("label_connectedto"));
+    m_pConnectedLabel->setMinimumHeight(20);
+    m_pConnectedLabel->setAlignment(Qt::AlignCenter);
+    labelRow->addWidget(m_pConnectedLabel);
+    gaugeColumn->addLayout(labelRow);
+    return true;
+}
+
+bool Airlume::buildTabs(QBoxLayout *column)
+{
+    QHBoxLayout *row = named(new QHBoxLayout, "horizontalLayout5");
+    column->addLayout(row);
+    m_pTabWidget = new QTabWidget;
+    m_pTabWidget->setObjectName(QStringLiteral("tabWidget"));
+    m_pTabWidget->setMinimumHeight(200);
+    row->addWidget(m_pTabWidget);
+
+    m_pTab1 = new QWidget;
+    m_pTab1->setObjectName(QStringLiteral("tab1"));
+    m_pTimePlot = new SignalTimePlot(m_pTab1);
+    m_pTimePlot->setObjectName(QStringLiteral("qwtPlot"));
+    m_pTimePlot->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    m_pTimePlot->setStyleSheet(GraphStyle);
+    (new QHBoxLayout(m_pTab1))->addWidget(m_pTimePlot);
+    m_pTabWidget->addTab(m_pTab1, QtCommonTools::tr(LanguageLabels::m_strLangSignalGraph));
+
+    m_pTab2 = new QWidget;
+    m_pTab2->setObjectName(QStringLiteral("tab2"));
+    m_p2GPlot = new Signal2GPlot(m_pTab2);
+    m_p2GPlot->setStyleSheet(GraphStyle);
+    m_p5GPlot = new Signal5GPlot(m_pTab2);
+    m_p5GPlot->setStyleSheet(GraphStyle);
+    QHBoxLayout *channelRow = new QHBoxLayout(m_pTab2);
+    channelRow->addWidget(m_p2GPlot);
+    channelRow->addWidget(m_p5GPlot);
+    m_pTabWidget->addTab(m_pTab2, QtCommonTools::tr(LanguageLabels::m_strLangChannelGraph));
+
+    m_pChannelInterface = new ChannelInterfaceWgt;
+    m_pTabWidget->addTab(
+        m_pChannelInterface, QtCommonTools::tr(LanguageLabels::m_strLangChannelInterface));
+
+    m_pHomeTesting = SignalHomeTestingWgt::Instance(nullptr);
+    if (!m_pHomeTesting) {
+        AIRLUME_NULL_POINT();
+        return false;
+    }
+    m_pTabWidget->addTab(m_pHomeTesting, QtCommonTools::tr(LanguageLabels::m_strHomeTestTitle));
+    return true;
+}
+
+QFrame *Airlume::buildStatusBar()
+{
+    m_pBottomFrame = makeFrame("bottom", QFrame::StyledPanel);
+    m_pBottomFrame->setFixedHeight(StatusHeight);
+    QHBoxLayout *row = named(new QHBoxLayout(m_pBottomFrame), "horizontalLayout6");
+    row->setSpacing(6);
+    row->setContentsMargins(0, 0, 0, 0);
+
+    m_pStatusLabel = new QLabel(QStringLiteral("Scanning..."));
+    m_pStatusLabel->setObjectName(QStringLiteral("statuslabel"));
+    m_pVersionLabel = new QLabel(QStringLiteral("Version 1.0"));
+    m_pVersionLabel->setObjectName(QStringLiteral("versionlabel"));
+    row->addWidget(m_pStatusLabel);
+    row->addWidget(m_pVersionLabel);
+    row->addItem(new QSpacerItem(20, 12, QSizePolicy::Fixed, QSizePolicy::Minimum));
+    return m_pBottomFrame;
+}

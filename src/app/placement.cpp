@@ -1,0 +1,7 @@
+#include "app/placement.h"
+
+QPoint CentredPosition(const QRect &desktop, const QRect &window)
+{
+    return QPoint((desktop.right() - desktop.left() - window.right() + window.left()) / 2,
+        (desktop.bottom() - desktop.top() - window.bottom() + window.top()) / 2);
+}
