@@ -7,8 +7,8 @@
 /// A label that is too large keeps its beginning inside.
 QPointF centerInside(const QRectF &bounds, const QPointF &center, const QSizeF &size);
 
-/// A network's name at the apex of its triangle. At the edge of the canvas the name moves inwards,
-/// where its beginning or end would be cut off.
+/// A network's name at the apex of its triangle. Where the edge of the canvas would cut the name
+/// off, it moves inwards; a name wider than the canvas is elided.
 class ApexMarker : public QwtPlotMarker
 {
 public:

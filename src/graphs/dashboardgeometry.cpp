@@ -27,6 +27,7 @@ const int MiddleTick = TickCount / 2 - 1;
 const int LabelStep = 10;
 const int NumberSize = 10; // points
 const int WordSize = 12;   // points
+const int WidestBest = 34; // what the ticks leave
 
 // The back end's signals lie in -100 to 0. Far beyond them only the arithmetic must hold.
 const qint64 LargestMagnitude = 1000000;
@@ -102,21 +103,21 @@ QVector<ScaleText> scaleTexts(const QPoint &center, int radius, int tick)
 {
     const QPoint position = labelPosition(center, radius, tick);
     const auto number = [](int dBm, const QPoint &at) {
-        return ScaleText{numberText(dBm), at, NumberSize, Qt::black};
+        return ScaleText{numberText(dBm), at, NumberSize, Qt::black, INT_MAX};
     };
     if (tick == 0 || tick == TickCount - 1)
-        return {{QStringLiteral("dBm"), position, NumberSize, Qt::black}};
+        return {{QStringLiteral("dBm"), position, NumberSize, Qt::black, INT_MAX}};
     if (tick == MiddleTick) {
         return {number(-50, position + QPoint(2, 0)),
             {LanguageLabels::m_strLangBoardGood, position + QPoint(1, 60), WordSize,
-                QColor(162, 208, 114)}};
+                QColor(162, 208, 114), INT_MAX}};
     }
     if (tick < MiddleTick && tick % 2 == 1) {
         const int dBm = -95 + (tick - 1) / 2 * LabelStep;
         QVector<ScaleText> texts = {number(dBm, position)};
         if (dBm == -85) {
             texts.append({LanguageLabels::m_strLangBoardPoor, position + QPoint(60, 23), WordSize,
-                QColor(Qt::red)});
+                QColor(Qt::red), INT_MAX});
         }
         return texts;
     }
@@ -125,7 +126,7 @@ QVector<ScaleText> scaleTexts(const QPoint &center, int radius, int tick)
         QVector<ScaleText> texts = {number(dBm, position)};
         if (dBm == -15) {
             texts.append({LanguageLabels::m_strLangBoardBest, position + QPoint(-75, 23), WordSize,
-                QColor(0, 176, 80)});
+                QColor(0, 176, 80), WidestBest});
         }
         return texts;
     }

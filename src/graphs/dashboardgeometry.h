@@ -6,6 +6,7 @@
 #include <QPoint>
 #include <QString>
 #include <QVector>
+#include <climits>
 
 /// The arithmetic behind SignalStrengthDashboard. Lengths in pixels, signals in dBm, angles in
 /// whole degrees; where nothing else is said, 0° points right and angles grow clockwise.
@@ -28,6 +29,7 @@ struct ScaleText {
     QPoint position;
     int pointSize = 0;
     QColor color;
+    int room = INT_MAX; ///< Widest the text may be without touching something.
 };
 
 /// The vector of `length` at `angle`, its components cut to whole pixels.

@@ -5,10 +5,8 @@
 
 class QString;
 
-/// How a network's name is drawn in a graph. Names are chosen by strangers, so line breaks and
-/// other control characters become blanks, characters that turn the reading direction of what
-/// follows are left out, and a name of more than 64 characters ends in an ellipsis. Any other name
-/// is unchanged.
+/// How a network's name is drawn in a graph: as AirText::ForDisplay() shows it, and with an
+/// ellipsis after 63 characters where it has more than 64.
 QString displayName(const QString &ssid);
 
 /// `text` as Qwt shall draw it: never taken for rich text.

@@ -9,6 +9,13 @@
 #include <QDebug>
 #include <qwt_plot_curve.h>
 
+namespace
+{
+const int SmallestWidth = 400;
+// Keeps the labels of neighbouring channels apart, above all 34 and 40.
+const int ChannelPointSize = 8;
+} // namespace
+
 SignalChannelPlot::SignalChannelPlot(const ChannelBand &band, QWidget *parent)
     : QwtPlot(parent)
     , m_band(band)
@@ -19,6 +26,9 @@ SignalChannelPlot::SignalChannelPlot(const ChannelBand &band, QWidget *parent)
     setAxisScaleDiv(
         xBottom, QwtScaleDiv(m_band.ticks.first(), m_band.ticks.last(), {}, {}, m_band.ticks));
     setAxisScaleDraw(xBottom, new SignalScaleDraw);
+    QFont channelFont = axisFont(xBottom);
+    channelFont.setPointSize(ChannelPointSize);
+    setAxisFont(xBottom, channelFont);
     qDebug() << "fmh:" << PlotLook::setUpBottomLabels(this);
 
     enableAxis(yLeft, m_band.dBmAxis == yLeft);
@@ -26,6 +36,16 @@ SignalChannelPlot::SignalChannelPlot(const ChannelBand &band, QWidget *parent)
     PlotLook::setUpDbmAxis(this, m_band.dBmAxis);
 
     startTimer(PlotLook::TickMs, Qt::CoarseTimer);
+}
+
+QSize SignalChannelPlot::sizeHint() const
+{
+    return minimumSizeHint();
+}
+
+QSize SignalChannelPlot::minimumSizeHint() const
+{
+    return {SmallestWidth, QwtPlot::minimumSizeHint().height()};
 }
 
 void SignalChannelPlot::insertNetworks(const QVector<WifiProperty> &networks, int &counter)

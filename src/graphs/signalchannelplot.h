@@ -30,6 +30,10 @@ public:
     /// Number of records in the scan result that filled the graph.
     int NetworkCount() const { return networkCount; }
 
+    /// The same for both bands, so that their graphs share a row equally.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
 public slots:
     /// Takes one scan result.
     void onDataReturned(QVector<WifiProperty> networks);

@@ -23,8 +23,17 @@ void SignalLegendLabel::setText(const QwtText &text)
 
 QSize SignalLegendLabel::sizeHint() const
 {
-    const QSize full = QwtLegendLabel::sizeHint();
-    return {qMin(full.width(), WidestName * fontMetrics().averageCharWidth()), full.height()};
+    return bounded(QwtLegendLabel::sizeHint());
+}
+
+QSize SignalLegendLabel::minimumSizeHint() const
+{
+    return bounded(QwtLegendLabel::minimumSizeHint());
+}
+
+QSize SignalLegendLabel::bounded(const QSize &size) const
+{
+    return {qMin(size.width(), WidestName * fontMetrics().averageCharWidth()), size.height()};
 }
 
 void SignalLegendLabel::drawText(QPainter *painter, const QRectF &rect)

@@ -14,7 +14,11 @@ public:
 
     void setText(const QwtText &text) override;
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
     void drawText(QPainter *painter, const QRectF &rect) override;
+
+private:
+    QSize bounded(const QSize &size) const;
 };
 
 #endif

@@ -19,6 +19,16 @@ const QColor SlipColor(64, 48, 145);
 const QColor FaceColor(215, 215, 215);
 const QColor HubColor(240, 240, 240);
 const int FirstShadowAlpha = 50;
+const int WidestNumber = 32; // what the unit leaves
+
+/// `font`, narrowed where `text` would be wider than `room` pixels.
+QFont fitting(QFont font, const QString &text, int room)
+{
+    const int width = QFontMetrics(font).horizontalAdvance(text);
+    if (width > room)
+        font.setStretch(QFont::Unstretched * room / width);
+    return font;
+}
 
 QColor shadowColor(int alpha)
 {
@@ -191,8 +201,11 @@ void SignalStrengthDashboard::DrawValueRect(QPainter &painter)
     painter.drawRoundedRect(m_rectValue, 2., 2.);
     painter.setPen(Qt::white);
     QtCommonTools::SetFontSize(&painter, 12);
-    painter.drawText(
-        m_rectValue.topLeft() + QPoint(25, 20), DashboardGeometry::numberText(m_iValue));
+    const QFont font = painter.font();
+    const QString number = DashboardGeometry::numberText(m_iValue);
+    painter.setFont(fitting(font, number, WidestNumber));
+    painter.drawText(m_rectValue.topLeft() + QPoint(25, 20), number);
+    painter.setFont(font);
     painter.drawText(m_rectValue.topLeft() + QPoint(60, 20), m_strUnit);
 }
 
@@ -206,7 +219,10 @@ void SignalStrengthDashboard::DrawScale(QPainter &painter)
             m_penLabel.setColor(text.color);
             painter.setPen(m_penLabel);
             QtCommonTools::SetFontSize(&painter, text.pointSize);
+            const QFont font = painter.font();
+            painter.setFont(fitting(font, text.text, text.room));
             painter.drawText(text.position, text.text);
+            painter.setFont(font);
         }
     }
 }
