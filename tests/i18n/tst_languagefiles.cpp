@@ -280,7 +280,8 @@ void TestLanguageFiles::theCheckSeesFaultsOfWording_data()
     row("same word in Norwegian", "nor", test, "Test", "");
     row("same word in German", "deu", test, "Test", "left in English");
     row("English word", "deu", security, "Channel-Test", "English word");
-    row("Latin letter in Cyrillic", "rus", security, "\u0417a\u0449\u0438\u0442\u0430", "foreign letters a");
+    row("Latin letter in Cyrillic", "rus", security, "\u0417a\u0449\u0438\u0442\u0430",
+        "foreign letters a");
     row("Cyrillic letter in Latin", "deu", security, "S\u0441hutz", "foreign letters");
     row("cedilla in Romanian", "rom", security, "Poşta", "foreign letters");
     row("cedilla in Turkish", "tur", security, "Şifreleme", "");
