@@ -94,6 +94,11 @@ void ChannelInterfaceWgt::Init()
         label->setTextFormat(Qt::PlainText);
     setUpBar(m_pCountBar);
 
+    // Leaves the recommended channels two lines, and the numbers at the captions.
+    m_pSummaryLayout->setContentsMargins(9, 4, 9, 4);
+    m_pSummaryLayout->setVerticalSpacing(4);
+    m_pSummaryLayout->setHorizontalSpacing(10);
+    m_pSummaryLayout->setColumnStretch(2, 1);
     m_pSummaryLayout->addWidget(m_pChannelCaption, 0, 0, 1, 1, Qt::AlignLeft);
     m_pSummaryLayout->addWidget(m_pChannelLabel, 0, 1, 1, 3, Qt::AlignLeft);
     m_pSummaryLayout->addWidget(m_pCountCaption, 1, 0, 1, 3, Qt::AlignLeft);
@@ -211,15 +216,16 @@ void ChannelInterfaceWgt::CreateChannelLst()
     QtCommonTools::SetFontSize(sheet, 12);
     QGridLayout *grid = new QGridLayout(sheet);
     grid->setContentsMargins(0, ListTopMargin, 0, 0);
+    const int stretches[ListColumnCount] = {2, 2, 1, 2};
     for (int column = 0; column < ListColumnCount; ++column)
-        grid->setColumnStretch(column, 1);
+        grid->setColumnStretch(column, stretches[column]);
     AddListHead(grid, sheet);
     for (const _Channel_Property &property : qAsConst(m_lstChannel))
         AddChannelRow(grid, sheet, property);
 
     const int scrolledTo = m_pListArea->verticalScrollBar()->value();
-    sheet->setMinimumWidth(m_pListArea->width());
     m_pListArea->setWidget(sheet);
+    FitListWidth();
     m_pListArea->verticalScrollBar()->setValue(scrolledTo);
 }
 
@@ -304,5 +310,12 @@ void ChannelInterfaceWgt::FitListWidth()
     if (!sheet)
         return;
     sheet->setMinimumWidth(m_pListArea->width());
+    // The columns stay clear of the frame and the scroll bar, under which the sheet's edge lies.
+    QMargins margins = sheet->layout()->contentsMargins();
+    const QSize hint = sheet->sizeHint();
+    const bool scrolls = hint.height() > m_pListArea->maximumViewportSize().height();
+    margins.setRight(2 * m_pListArea->frameWidth() +
+                     (scrolls ? m_pListArea->verticalScrollBar()->sizeHint().width() : 0));
+    sheet->layout()->setContentsMargins(margins);
     sheet->adjustSize();
 }

@@ -6,7 +6,13 @@
 namespace
 {
 const int MostPixelsWide = 440;
+const int SmallestPixelSize = 11;
 const QLatin1Char Comma(',');
+
+bool fits(const QStringList &lines, const QFontMetrics &metrics, const QSize &place)
+{
+    return lines.size() * metrics.lineSpacing() <= place.height();
+}
 } // namespace
 
 QStringList BreakAfterCommas(const QString &text, const QFontMetrics &metrics, int width)
@@ -53,15 +59,22 @@ QSize ChannelsLabel::minimumSizeHint() const
 
 void ChannelsLabel::paintEvent(QPaintEvent *)
 {
-    const QFontMetrics metrics = fontMetrics();
-    QStringList lines = BreakAfterCommas(text(), metrics, width());
-    const int room = qMax(1, height() / metrics.lineSpacing());
-    if (lines.size() > room) {
+    QPainter painter(this);
+    QFont shrunk = font();
+    int pixelSize = QFontInfo(shrunk).pixelSize();
+    QStringList lines = BreakAfterCommas(text(), painter.fontMetrics(), width());
+    while (!fits(lines, painter.fontMetrics(), size()) && pixelSize > SmallestPixelSize) {
+        shrunk.setPixelSize(--pixelSize);
+        painter.setFont(shrunk);
+        lines = BreakAfterCommas(text(), painter.fontMetrics(), width());
+    }
+    const QFontMetrics metrics = painter.fontMetrics();
+    if (!fits(lines, metrics, size())) {
+        const int room = qMax(1, height() / metrics.lineSpacing());
         const QString rest = QStringList(lines.mid(room - 1)).join(QString());
         lines = lines.mid(0, room - 1);
         lines.append(metrics.elidedText(rest, Qt::ElideRight, width()));
     }
-    QPainter painter(this);
     style()->drawItemText(&painter, rect(), Qt::AlignCenter, palette(), isEnabled(),
         lines.join(QLatin1Char('\n')), foregroundRole());
 }

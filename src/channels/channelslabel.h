@@ -9,7 +9,8 @@
 QStringList BreakAfterCommas(const QString &text, const QFontMetrics &metrics, int width);
 
 /// A label for a long list of channels, which an ordinary label would not wrap: there is no blank
-/// between the channels. What does not fit in its height is replaced by an ellipsis.
+/// between the channels. A list that is too long for the place is written smaller; what does not
+/// fit even so is replaced by an ellipsis.
 class ChannelsLabel : public QLabel
 {
     Q_OBJECT

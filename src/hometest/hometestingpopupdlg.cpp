@@ -16,8 +16,10 @@
 
 namespace
 {
+const int MinimumDialogWidth = 260;
 const int TitlePointSize = 14;
 const int NameEditHeight = 20;
+const int NameEditMinimumWidth = 200;
 const int ButtonHeight = 24;
 const qreal CornerRadius = 5;
 
@@ -41,6 +43,7 @@ void HomeTestingPopupDlg::Init()
     setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
     QtCommonTools::SetPaletteBrush(this, QPalette::Window, QBrush(QColor(216, 216, 216)));
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Minimum);
+    setMinimumWidth(MinimumDialogWidth);
 
     QVBoxLayout *rows = new QVBoxLayout(this);
 
@@ -83,6 +86,7 @@ void HomeTestingPopupDlg::InitNameRow(QVBoxLayout *rows)
     m_pNameLabel->setTextFormat(Qt::PlainText);
     m_pNameEdit = new QLineEdit(this);
     m_pNameEdit->setFixedHeight(NameEditHeight);
+    m_pNameEdit->setMinimumWidth(NameEditMinimumWidth);
     // A name may be of any length; the default would cut it at 32767 characters.
     m_pNameEdit->setMaxLength(std::numeric_limits<int>::max());
     m_pNameEdit->setValidator(new OneLineValidator(m_pNameEdit));

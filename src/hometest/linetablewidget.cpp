@@ -5,6 +5,35 @@
 
 #include <QHeaderView>
 #include <QPainter>
+#include <QTextLayout>
+
+namespace
+{
+const int SmallestPixelSize = 8;
+
+// Height of the lines as a view would lay them out. Names may need taller fonts than the table's.
+qreal heightOf(const QString &text, const QFont &font)
+{
+    QTextLayout layout(text, font);
+    qreal height = 0;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(QWIDGETSIZE_MAX);
+        height += line.height();
+    }
+    layout.endLayout();
+    return height;
+}
+
+// The lines of a style option's text, which are parted by line separators.
+QString elideLines(const QString &text, const QFontMetrics &metrics, int width)
+{
+    QStringList lines = text.split(QChar::LineSeparator);
+    for (QString &line : lines)
+        line = metrics.elidedText(line, Qt::ElideRight, width);
+    return lines.join(QChar::LineSeparator);
+}
+} // namespace
 
 QLineDelegate::QLineDelegate(QTableView *view)
     : QStyledItemDelegate(view)
@@ -31,6 +60,24 @@ void QLineDelegate::paint(
     painter->setPen(m_pen);
     painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
     painter->setPen(saved);
+}
+
+void QLineDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
+{
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (option->text.isEmpty())
+        return;
+    const int margin = m_pView->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, option, m_pView);
+    const int width = option->rect.width() - 2 * (margin + 1);
+    const QString text = option->text;
+    int pixelSize = QFontInfo(option->font).pixelSize();
+    option->text = elideLines(text, option->fontMetrics, width);
+    while (pixelSize > SmallestPixelSize &&
+           heightOf(option->text, option->font) > option->rect.height()) {
+        option->font.setPixelSize(--pixelSize);
+        option->fontMetrics = QFontMetrics(option->font);
+        option->text = elideLines(text, option->fontMetrics, width);
+    }
 }
 
 LineTableWidget::LineTableWidget(QWidget *parent)

@@ -5,7 +5,9 @@
 #include <QStyledItemDelegate>
 #include <QTableWidget>
 
-/// Paints a table's cells with a line along their bottom edge, in place of a grid.
+/// Paints a table's cells with a line along their bottom edge, in place of a grid. A text of
+/// several lines is made to fit its row: each line is elided to the cell's width, and the font gets
+/// smaller where the lines of the platform's font are too tall.
 class QLineDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -16,6 +18,9 @@ public:
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
         const QModelIndex &index) const override;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
 
 private:
     QPen m_pen;

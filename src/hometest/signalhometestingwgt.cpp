@@ -100,6 +100,8 @@ QWidget *SignalHomeTestingWgt::CreateButtonColumn()
     QWidget *column = new QWidget(this);
     column->setFixedWidth(m_iBtnColumnWidth);
     QGridLayout *grid = new QGridLayout(column);
+    // The longest translations need nearly all of the column.
+    grid->setContentsMargins(1, 9, 1, 9);
     grid->addWidget(m_pAddBtn, 0, 0);
     grid->addWidget(m_pEditBtn, 1, 0);
     grid->addWidget(m_pDelBtn, 2, 0);
