@@ -41,8 +41,10 @@ Operation current() noexcept
 
 qint64 elapsed()
 {
+    // In this order: a call that ends or begins meanwhile then looks younger, never older.
+    const Operation operation = current();
     const qint64 started = startedAt;
-    return current() == None ? 0 : now() - started;
+    return operation == None ? 0 : now() - started;
 }
 
 QString nameOf(Operation operation)

@@ -12,7 +12,11 @@ namespace
 
 void write(std::FILE *stream, const QString &text)
 {
-    std::fputs(terminalBytes(text, terminalIsUtf8()).constData(), stream);
+    // It quotes the command line, which may hold anything.
+    QStringList lines;
+    for (const QString &line : text.split(QLatin1Char('\n')))
+        lines.append(escaped(line));
+    std::fputs(terminalBytes(lines.join(QLatin1Char('\n')), terminalIsUtf8()).constData(), stream);
 }
 
 } // namespace

@@ -1,14 +1,12 @@
 #include "plaintext.h"
 
-#include <QTextCodec>
+#include <langinfo.h>
 
 namespace PluginCheck
 {
 
 namespace
 {
-
-constexpr int Utf8MibEnum = 106;
 
 bool isObeyed(uint character)
 {
@@ -72,8 +70,7 @@ QByteArray terminalBytes(const QString &text, bool utf8)
 
 bool terminalIsUtf8()
 {
-    const QTextCodec *codec = QTextCodec::codecForLocale();
-    return codec && codec->mibEnum() == Utf8MibEnum;
+    return qstricmp(nl_langinfo(CODESET), "UTF-8") == 0;
 }
 
 } // namespace PluginCheck

@@ -18,7 +18,8 @@ QString escaped(const QString &text);
 /// ASCII with every other character as \u{N...}. Line feeds stay.
 QByteArray terminalBytes(const QString &text, bool utf8);
 
-/// True when the locale's character set is UTF-8.
+/// True when the locale's character set is UTF-8. Needs the application object, which sets the
+/// locale; QTextCodec would not do: it takes the plain C locale for UTF-8.
 bool terminalIsUtf8();
 
 } // namespace PluginCheck

@@ -22,7 +22,7 @@ Problem crashed(CallWatch::Operation operation)
     const QString where =
         operation == CallWatch::Loading ? QStringLiteral("while it was being loaded.")
         : operation == CallWatch::None
-            ? QStringLiteral("between two calls.")
+            ? QStringLiteral("outside any call.")
             : QStringLiteral("in ") + CallWatch::nameOf(operation) + QLatin1Char('.');
     return {QStringLiteral("crashed"),
         QStringLiteral("The back end crashed ") + where +
@@ -103,8 +103,10 @@ void Session::onAnswered(const Answers &answers)
 
 void Session::onInterrupted()
 {
-    if (CallWatch::current() != CallWatch::None)
+    if (CallWatch::current() != CallWatch::None) {
+        std::fputs("Interrupted while the back end was being asked.\n", stderr);
         endNow();
+    }
     QCoreApplication::quit();
 }
 

@@ -1,7 +1,15 @@
-// Hangs in the query for AIRLUME_TEST_BLOCK_SECONDS (30).
+// Hangs in the query for AIRLUME_TEST_BLOCK_SECONDS (30), after AIRLUME_TEST_BLOCK_AFTER (0)
+// queries that answer at once. Writes "Blocking now" to the standard error output when it begins.
 #include "testbackend.h"
 
 #include <QThread>
+
+#include <cstdio>
+
+namespace
+{
+int queries = 0;
+} // namespace
 
 namespace Kind
 {
@@ -21,9 +29,12 @@ bool isUsable(const QString &)
 
 bool query(QString &, QList<ScanMap> &networks)
 {
-    const double seconds =
-        Air::setting("AIRLUME_TEST_BLOCK_SECONDS", QStringLiteral("30")).toDouble();
-    QThread::usleep(static_cast<unsigned long>(seconds * 1e6));
+    const QString seconds = Air::setting("AIRLUME_TEST_BLOCK_SECONDS", QStringLiteral("30"));
+    const QString after = Air::setting("AIRLUME_TEST_BLOCK_AFTER", QStringLiteral("0"));
+    if (queries++ >= after.toInt()) {
+        std::fputs("Blocking now\n", stderr);
+        QThread::usleep(static_cast<unsigned long>(seconds.toDouble() * 1e6));
+    }
     networks += Air::networks(3);
     return true;
 }

@@ -1,0 +1,464 @@
+#include "plugincheck/checkerrun.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QJsonArray>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <csignal>
+
+namespace
+{
+
+QJsonArray networksOf(const QJsonObject &report)
+{
+    return report.value(QStringLiteral("networks")).toArray();
+}
+
+QString textAt(const QJsonObject &report, const char *key)
+{
+    return report.value(QLatin1String(key)).toString();
+}
+
+/// True when a terminal only shows what is there: line feeds are all that it obeys.
+bool isHarmless(const QString &text)
+{
+    for (const QChar character : text) {
+        if (character != QLatin1Char('\n') && !character.isPrint() && !character.isSurrogate())
+            return false;
+    }
+    return true;
+}
+
+bool isAscii(const QByteArray &octets)
+{
+    for (const char octet : octets) {
+        if (octet != '\n' && (octet < 0x20 || octet > 0x7e))
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+/// airlume-plugincheck from outside, with back ends of every kind.
+class TestPlugincheck : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void everyKindOfBackendGetsItsVerdict_data();
+    void everyKindOfBackendGetsItsVerdict();
+    void everyReportIsValidJson_data();
+    void everyReportIsValidJson();
+    void garbageIsNamedPieceByPiece();
+    void hostileTextNeverReachesTheTerminal();
+    void terminalWithoutUtf8GetsAscii();
+    void backendsMessagesAreShownAsSuch();
+    void backendOfTheProgramIsFoundThroughQtsPaths();
+    void missingBackendOfTheProgramNamesTheFolders();
+    void hangingBackendIsGivenUp();
+    void crashIsReportedWithItsPlace_data();
+    void crashIsReportedWithItsPlace();
+    void fatalMessageIsPassedOnSafely();
+    void watchingPrintsOneObjectALine();
+    void watchingInTextNumbersTheRounds();
+    void failingByTurnsStillCountsAsHeard();
+    void changingInterfacesAreFollowed();
+    void signalEndsTheWatch_data();
+    void signalEndsTheWatch();
+    void signalEndsAHangingCall();
+    void wrongOptionsEndWithTheUsageOnStandardError();
+    void helpAndVersionGoToStandardOutput();
+    void simulatedBackendIsSound();
+    void simulatedBackendWithABadScenarioTellsWhy();
+};
+
+void TestPlugincheck::everyKindOfBackendGetsItsVerdict_data()
+{
+    QTest::addColumn<QByteArray>("kind");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QString>("words");
+    const auto row = [](const char *kind, int status, const char *words) {
+        QTest::newRow(kind) << QByteArray(kind) << status << QString::fromLatin1(words);
+    };
+    row("sound", 0, "sound and hears 3 networks");
+    row("hostile", 0, "sound and hears 12 networks");
+    row("thousand", 0, "sound and hears 1000 networks");
+    row("hundredthousand", 0, "sound and hears 100000 networks");
+    row("changinglist", 0, "sound and hears 3 networks");
+    row("empty", 1, "finds no Wi-Fi interface");
+    row("noint", 1, "could not list the Wi-Fi interfaces");
+    row("radiooff", 1, "none that can be used");
+    row("nonetworks", 1, "has not heard any network yet");
+    row("alternating", 1, "asking it for networks failed");
+    row("garbage", 2, "breaks the contract");
+    row("namedonly", 2, "must work with an empty interface name");
+    row("accumulating", 2, "those of earlier queries must not be given again");
+    row("slow", 2, "getVisiableNetworkMapList() took ");
+    row("wronginterface", 2, "this one is for \"org.example.Other/1.0\"");
+    row("notalibrary", 2, "is not a Qt plug-in");
+    row("nosuchkind", 2, "There is no file");
+}
+
+void TestPlugincheck::everyKindOfBackendGetsItsVerdict()
+{
+    QFETCH(QByteArray, kind);
+    QFETCH(QString, words);
+    CheckerRun run({CheckerRun::library(kind.constData())});
+    QVERIFY(run.finish());
+    QTEST(run.status(), "status");
+    QVERIFY2(run.text().simplified().contains(words), run.output().constData());
+    QCOMPARE(run.errors(), QByteArray());
+    QVERIFY(isHarmless(run.text()));
+    QCOMPARE(run.text().contains(QStringLiteral("What you can do")), run.status() != 0);
+}
+
+void TestPlugincheck::everyReportIsValidJson_data()
+{
+    QTest::addColumn<QByteArray>("kind");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QString>("result");
+    QTest::addColumn<QString>("reason");
+    const auto row = [](const char *kind, int status, const char *result, const char *reason) {
+        QTest::newRow(kind) << QByteArray(kind) << status << QString::fromLatin1(result)
+                            << QString::fromLatin1(reason);
+    };
+    row("sound", 0, "heard", "");
+    row("hostile", 0, "heard", "");
+    row("hundredthousand", 0, "heard", "");
+    row("empty", 1, "nothing-heard", "no-interface");
+    row("noint", 1, "nothing-heard", "no-interface");
+    row("radiooff", 1, "nothing-heard", "none-usable");
+    row("nonetworks", 1, "nothing-heard", "empty-list");
+    row("alternating", 1, "nothing-heard", "query-failed");
+    row("garbage", 2, "out-of-contract", "");
+    row("namedonly", 2, "out-of-contract", "");
+    row("accumulating", 2, "out-of-contract", "");
+    row("slow", 2, "out-of-contract", "");
+    row("crashing", 2, "no-answers", "crashed");
+    row("wronginterface", 2, "no-answers", "wrong-interface");
+    row("notalibrary", 2, "no-answers", "not-a-plugin");
+    row("nosuchkind", 2, "no-answers", "not-found");
+}
+
+void TestPlugincheck::everyReportIsValidJson()
+{
+    QFETCH(QByteArray, kind);
+    CheckerRun run({QStringLiteral("--json"), CheckerRun::library(kind.constData())});
+    QVERIFY(run.finish());
+    QTEST(run.status(), "status");
+    QVERIFY(isAscii(run.output()));
+    QCOMPARE(run.reports().size(), 1);
+    const QJsonObject report = run.reports().first();
+    QCOMPARE(report.value(QStringLiteral("format")).toInt(), 1);
+    QCOMPARE(report.value(QStringLiteral("round")).toInt(), 1);
+    QTEST(report.value(QStringLiteral("status")).toInt(), "status");
+    QTEST(textAt(report, "result"), "result");
+    QTEST(textAt(report, "reason"), "reason");
+    QVERIFY(!textAt(report, "text").isEmpty());
+}
+
+void TestPlugincheck::garbageIsNamedPieceByPiece()
+{
+    CheckerRun run({QStringLiteral("--json"), CheckerRun::library("garbage")});
+    QVERIFY(run.finish());
+    QMap<QString, int> counts;
+    const QJsonArray deviations =
+        run.reports().value(0).value(QStringLiteral("deviations")).toArray();
+    for (const QJsonValue &deviation : deviations) {
+        const QJsonObject object = deviation.toObject();
+        counts.insert(textAt(object, "code"), object.value(QStringLiteral("count")).toInt());
+    }
+    const QMap<QString, int> expected{
+        {QStringLiteral("empty-interface-name"), 1},
+        {QStringLiteral("repeated-interface"), 1},
+        {QStringLiteral("missing-ssid"), 2},
+        {QStringLiteral("missing-bssid"), 2},
+        {QStringLiteral("missing-channel"), 2},
+        {QStringLiteral("missing-current_connected"), 2},
+        {QStringLiteral("missing-security_mode"), 2},
+        {QStringLiteral("missing-WLAN_NETWORK_SIGNAL"), 2},
+        {QStringLiteral("bad-ssid"), 1},
+        {QStringLiteral("bad-bssid"), 2},
+        {QStringLiteral("bad-channel"), 4},
+        {QStringLiteral("bad-current_connected"), 2},
+        {QStringLiteral("bad-security_mode"), 1},
+        {QStringLiteral("bad-WLAN_NETWORK_SIGNAL"), 3},
+        {QStringLiteral("bad-link_rate"), 1},
+        {QStringLiteral("several-joined"), 1},
+        {QStringLiteral("repeated-network"), 4},
+    };
+    QCOMPARE(counts, expected);
+}
+
+void TestPlugincheck::hostileTextNeverReachesTheTerminal()
+{
+    for (const char *kind : {"hostile", "garbage"}) {
+        CheckerRun run({CheckerRun::library(kind)});
+        QVERIFY(run.finish());
+        QVERIFY(isHarmless(run.text()));
+        QVERIFY(run.text().contains(QStringLiteral("\\x1b[2J")));
+        QVERIFY(run.output().size() < 20000);
+    }
+    CheckerRun run({CheckerRun::library("hostile")});
+    QVERIFY(run.finish());
+    for (const char *shown :
+        {"<b>bold</b><img src=x", "%1 %2 %n %s %d &amp; \\", "\\u{202e}txt.exe",
+            "caf\xc3\xa9 \xe6\x97\xa5\xe6\x9c\xac \xf0\x9f\x93\xb6", "nul\\x00byte",
+            "[10000 characters]", "(hidden: no name)", "test\\x1b[2J0", "WPA2\\x1b[31m\\u{202e}"})
+        QVERIFY2(run.text().contains(QString::fromUtf8(shown)), shown);
+}
+
+void TestPlugincheck::terminalWithoutUtf8GetsAscii()
+{
+    CheckerRun run({CheckerRun::library("hostile")}, {QStringLiteral("LC_ALL=C")});
+    QVERIFY(run.finish());
+    QVERIFY(isAscii(run.output()));
+    QVERIFY(run.output().contains("caf\\xe9 \\u{65e5}\\u{672c} \\u{1f4f6}"));
+}
+
+void TestPlugincheck::backendsMessagesAreShownAsSuch()
+{
+    CheckerRun run({CheckerRun::library("hostile")});
+    QVERIFY(run.finish());
+    QVERIFY(run.output().contains("The back end's own messages\n"
+                                  "  critical: Cannot tune \\x1b[2J to %s \\x07 of network "
+                                  "\\u{202e}%1\n"));
+    QCOMPARE(run.errors(), QByteArray());
+}
+
+void TestPlugincheck::backendOfTheProgramIsFoundThroughQtsPaths()
+{
+    const QString paths =
+        CheckerRun::folder("nonetworks") + QLatin1Char(':') + CheckerRun::folder("sound");
+    CheckerRun run({QStringLiteral("--json")}, {QStringLiteral("QT_PLUGIN_PATH=") + paths});
+    QVERIFY(run.finish());
+    QCOMPARE(run.status(), 1);
+    QCOMPARE(textAt(run.reports().value(0).value(QStringLiteral("backend")).toObject(), "path"),
+        CheckerRun::library("nonetworks"));
+}
+
+void TestPlugincheck::missingBackendOfTheProgramNamesTheFolders()
+{
+    // A copy in a folder of its own has no back end beside it.
+    QTemporaryDir folder;
+    const QString copy = folder.filePath(QStringLiteral("airlume-plugincheck"));
+    QVERIFY(QFile::copy(QStringLiteral(AIRLUME_BUILD_DIR "/bin/airlume-plugincheck"), copy));
+    QProcess process;
+    process.start(copy, QStringList());
+    QVERIFY(process.waitForFinished());
+    const QString text = QString::fromUtf8(process.readAllStandardOutput()).simplified();
+    QCOMPARE(process.exitCode(), 2);
+    QVERIFY2(
+        text.contains(QStringLiteral("there is no libWiFiApiPlugin.dylib in ")), qPrintable(text));
+    QVERIFY(text.contains(folder.path()));
+    QVERIFY(text.contains(QStringLiteral("QT_PLUGIN_PATH")));
+}
+
+void TestPlugincheck::hangingBackendIsGivenUp()
+{
+    QElapsedTimer timer;
+    timer.start();
+    CheckerRun run({QStringLiteral("--json"), QStringLiteral("--timeout"), QStringLiteral("0.3"),
+                       CheckerRun::library("blocking")},
+        {QStringLiteral("AIRLUME_TEST_BLOCK_SECONDS=300")});
+    QVERIFY(run.finish());
+    QVERIFY(timer.elapsed() < 50000);
+    QCOMPARE(run.status(), 2);
+    QCOMPARE(run.reports().size(), 1);
+    const QJsonObject report = run.reports().first();
+    QCOMPARE(textAt(report, "reason"), QStringLiteral("no-answer"));
+    QVERIFY(
+        textAt(report, "text")
+            .startsWith(QStringLiteral("getVisiableNetworkMapList() has not answered for 0.3 s")));
+}
+
+void TestPlugincheck::crashIsReportedWithItsPlace_data()
+{
+    QTest::addColumn<QString>("where");
+    QTest::addColumn<QString>("words");
+    QTest::newRow("load") << QStringLiteral("load") << QStringLiteral("while it was being loaded");
+    QTest::newRow("list") << QStringLiteral("list") << QStringLiteral("in getWiFiNicList()");
+    QTest::newRow("usable") << QStringLiteral("usable") << QStringLiteral("in isWiFiNicUsable()");
+    QTest::newRow("query") << QStringLiteral("query")
+                           << QStringLiteral("in getVisiableNetworkMapList()");
+}
+
+void TestPlugincheck::crashIsReportedWithItsPlace()
+{
+    QFETCH(QString, where);
+    QFETCH(QString, words);
+    const QStringList environment(QStringLiteral("AIRLUME_TEST_CRASH=") + where);
+    CheckerRun text({CheckerRun::library("crashing")}, environment);
+    QVERIFY(text.finish());
+    QCOMPARE(text.status(), 2);
+    QVERIFY2(text.text().simplified().contains(QStringLiteral("The back end crashed ") + words),
+        text.output().constData());
+    CheckerRun json({QStringLiteral("--json"), CheckerRun::library("crashing")}, environment);
+    QVERIFY(json.finish());
+    QCOMPARE(json.status(), 2);
+    QCOMPARE(json.reports().size(), 1);
+    QCOMPARE(textAt(json.reports().first(), "reason"), QStringLiteral("crashed"));
+}
+
+void TestPlugincheck::fatalMessageIsPassedOnSafely()
+{
+    CheckerRun run(
+        {CheckerRun::library("crashing")}, {QStringLiteral("AIRLUME_TEST_CRASH=fatalquery")});
+    QVERIFY(run.finish());
+    QCOMPARE(run.status(), 2);
+    QCOMPARE(run.errors(), QByteArray("The back end gave up: The radio \\x1b[31mexploded\n"));
+}
+
+void TestPlugincheck::watchingPrintsOneObjectALine()
+{
+    CheckerRun run({QStringLiteral("--json"), QStringLiteral("--rounds"), QStringLiteral("3"),
+        QStringLiteral("--interval"), QStringLiteral("0.02"), CheckerRun::library("sound")});
+    QVERIFY(run.finish());
+    QCOMPARE(run.status(), 0);
+    QCOMPARE(run.output().count('\n'), 3);
+    for (int i = 0; i < 3; ++i) {
+        QCOMPARE(run.reports().at(i).value(QStringLiteral("round")).toInt(), i + 1);
+        QCOMPARE(networksOf(run.reports().at(i)).size(), 3);
+    }
+}
+
+void TestPlugincheck::watchingInTextNumbersTheRounds()
+{
+    CheckerRun run({QStringLiteral("--rounds"), QStringLiteral("2"), QStringLiteral("--interval"),
+        QStringLiteral("0.02"), CheckerRun::library("sound")});
+    QVERIFY(run.finish());
+    QVERIFY(run.output().startsWith("Round 1, "));
+    QVERIFY(run.output().contains("\n\nRound 2, "));
+}
+
+void TestPlugincheck::failingByTurnsStillCountsAsHeard()
+{
+    CheckerRun run({QStringLiteral("--json"), QStringLiteral("--rounds"), QStringLiteral("5"),
+                       QStringLiteral("--interval"), QStringLiteral("0.01"),
+                       CheckerRun::library("alternating")},
+        {QStringLiteral("AIRLUME_TEST_RESULTS=01")});
+    QVERIFY(run.finish());
+    QCOMPARE(run.status(), 0);
+    QStringList results;
+    for (const QJsonObject &report : run.reports())
+        results.append(textAt(report, "result"));
+    const QString failed = QStringLiteral("nothing-heard");
+    const QString heard = QStringLiteral("heard");
+    QCOMPARE(results, (QStringList{failed, failed, heard, failed, heard}));
+}
+
+void TestPlugincheck::changingInterfacesAreFollowed()
+{
+    CheckerRun run({QStringLiteral("--json"), QStringLiteral("--rounds"), QStringLiteral("4"),
+                       QStringLiteral("--interval"), QStringLiteral("0.01"),
+                       CheckerRun::library("changinglist")},
+        {QStringLiteral("AIRLUME_TEST_INTERFACES=a|b,a||c")});
+    QVERIFY(run.finish());
+    QCOMPARE(run.status(), 0);
+    QStringList chosen;
+    for (const QJsonObject &report : run.reports()) {
+        QString name;
+        const QJsonArray interfaces = report.value(QStringLiteral("interfaces")).toArray();
+        for (const QJsonValue &interface : interfaces) {
+            if (interface.toObject().value(QStringLiteral("chosen")).toBool())
+                name = textAt(interface.toObject(), "name");
+        }
+        chosen.append(name);
+    }
+    QCOMPARE(chosen,
+        (QStringList{QStringLiteral("a"), QStringLiteral("a"), QString(), QStringLiteral("c")}));
+}
+
+void TestPlugincheck::signalEndsTheWatch_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::addColumn<QByteArray>("kind");
+    QTest::addColumn<int>("status");
+    QTest::newRow("SIGINT, heard") << SIGINT << QByteArray("sound") << 0;
+    QTest::newRow("SIGTERM, heard") << SIGTERM << QByteArray("sound") << 0;
+    QTest::newRow("SIGINT, nothing heard") << SIGINT << QByteArray("radiooff") << 1;
+    QTest::newRow("SIGTERM, out of contract") << SIGTERM << QByteArray("garbage") << 2;
+}
+
+void TestPlugincheck::signalEndsTheWatch()
+{
+    QFETCH(int, signal);
+    QFETCH(QByteArray, kind);
+    CheckerRun run(
+        {QStringLiteral("--json"), QStringLiteral("--watch"), QStringLiteral("--interval"),
+            QStringLiteral("600"), CheckerRun::library(kind.constData())});
+    QVERIFY(run.waitForLines(1));
+    QCOMPARE(run.process().state(), QProcess::Running);
+    QCOMPARE(::kill(static_cast<pid_t>(run.process().processId()), signal), 0);
+    QVERIFY(run.finish());
+    QTEST(run.status(), "status");
+    QCOMPARE(run.reports().size(), 1);
+    QVERIFY(!run.reports().first().isEmpty());
+}
+
+void TestPlugincheck::signalEndsAHangingCall()
+{
+    CheckerRun run(
+        {QStringLiteral("--json"), QStringLiteral("--watch"), QStringLiteral("--timeout"),
+            QStringLiteral("600"), QStringLiteral("--interval"), QStringLiteral("0"),
+            CheckerRun::library("blocking")},
+        {QStringLiteral("AIRLUME_TEST_BLOCK_SECONDS=300"),
+            QStringLiteral("AIRLUME_TEST_BLOCK_AFTER=2")});
+    QVERIFY(run.waitForErrors("Blocking now"));
+    QCOMPARE(::kill(static_cast<pid_t>(run.process().processId()), SIGINT), 0);
+    QVERIFY(run.finish());
+    QCOMPARE(run.status(), 0);
+    QCOMPARE(run.reports().size(), 1);
+    QCOMPARE(textAt(run.reports().first(), "result"), QStringLiteral("heard"));
+    QVERIFY(run.errors().contains("Interrupted"));
+}
+
+void TestPlugincheck::wrongOptionsEndWithTheUsageOnStandardError()
+{
+    CheckerRun run({QStringLiteral("--no-such-option\x1b[2J")});
+    QVERIFY(run.finish());
+    QCOMPARE(run.status(), 2);
+    QCOMPARE(run.output(), QByteArray());
+    QVERIFY(run.errors().contains("Usage: "));
+    QVERIFY(!run.errors().contains('\x1b'));
+}
+
+void TestPlugincheck::helpAndVersionGoToStandardOutput()
+{
+    for (const QString &option : {QStringLiteral("--help"), QStringLiteral("--version")}) {
+        CheckerRun run({option});
+        QVERIFY(run.finish());
+        QCOMPARE(run.status(), 0);
+        QVERIFY(run.output().contains("airlume-plugincheck"));
+        QCOMPARE(run.errors(), QByteArray());
+    }
+}
+
+void TestPlugincheck::simulatedBackendIsSound()
+{
+    CheckerRun run({QStringLiteral("--json"), QStringLiteral("--rounds"), QStringLiteral("3"),
+        QStringLiteral("--interval"), QStringLiteral("0.1"),
+        QStringLiteral(AIRLUME_BUILD_DIR "/plugins/simulated")});
+    QVERIFY(run.finish());
+    QVERIFY2(run.status() == 0, run.output().constData());
+    for (const QJsonObject &report : run.reports())
+        QVERIFY(networksOf(report).size() >= 10);
+}
+
+void TestPlugincheck::simulatedBackendWithABadScenarioTellsWhy()
+{
+    CheckerRun run({QStringLiteral(AIRLUME_BUILD_DIR "/plugins/simulated")},
+        {QStringLiteral("AIRLUME_SCENARIO=/no/such/scenario.json")});
+    QVERIFY(run.finish());
+    QCOMPARE(run.status(), 1);
+    QVERIFY2(run.text().contains(QStringLiteral("critical: ")), run.output().constData());
+    QVERIFY(run.text().contains(QStringLiteral("/no/such/scenario.json")));
+    QVERIFY(run.text().contains(QStringLiteral("Interfaces: none")));
+}
+
+QTEST_GUILESS_MAIN(TestPlugincheck)
+
+#include "tst_plugincheck.moc"
