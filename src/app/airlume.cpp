@@ -58,6 +58,7 @@ Airlume::Airlume(QWidget *parent)
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Minimum);
     // Narrower than the minimum width, which wins.
     setMaximumSize(NormalMaximumSize);
+    resize(MinimumWidth, NormalMaximumSize.height());
     m_pScanThread->start();
     m_pNetworkScanThread->start();
 }

@@ -80,6 +80,8 @@ QFrame *Airlume::buildTitleBar()
     row->addItem(new QSpacerItem(840, 17, QSizePolicy::Expanding, QSizePolicy::Minimum));
 
     QVBoxLayout *buttonColumn = named(new QVBoxLayout, "verticalLayout");
+    // The last button stands clear of the window's edge.
+    buttonColumn->setContentsMargins(0, 0, row->spacing(), 0);
     m_pButtonFrame = makeFrame("buttonframe", QFrame::NoFrame);
     m_pButtonFrame->setMaximumSize(46, 50);
     QHBoxLayout *buttons = named(new QHBoxLayout(m_pButtonFrame), "horizontalLayout2");
@@ -98,7 +100,8 @@ QFrame *Airlume::buildTitleBar()
     // Wider than the frame's maximum, and stronger: the three buttons stand side by side, whole.
     m_pButtonFrame->setMinimumWidth(buttons->minimumSize().width());
 
-    buttonColumn->addWidget(m_pButtonFrame);
+    // As high as its buttons: a stacked layout puts its page at the top of what it gets.
+    buttonColumn->addWidget(m_pButtonFrame, 0, Qt::AlignVCenter);
     row->addLayout(buttonColumn);
     return m_pTitleFrame;
 }

@@ -11,6 +11,8 @@ namespace
 {
 const int TickColumnWidth = 20;
 const int SsidColumnWidth = 200;
+/// Holds the longest usual security text whole.
+const int SecurityColumnWidth = 140;
 const int HeaderHeight = 22;
 const int CheckAllSide = 16;
 /// Empty names in a row after the first before the list empties itself.
@@ -67,6 +69,7 @@ void SignalTreeView::retranslateUi()
 {
     setColumnWidth(SignalMode::TickColumn, TickColumnWidth);
     setColumnWidth(SignalMode::SsidColumn, SsidColumnWidth);
+    setColumnWidth(SignalMode::SecurityColumn, SecurityColumnWidth);
     setIndentation(0);
 }
 
