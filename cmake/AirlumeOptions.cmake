@@ -14,8 +14,7 @@ target_compile_definitions(airlume_options INTERFACE
     QT_DISABLE_DEPRECATED_BEFORE=0x050800)
 target_compile_options(airlume_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
-    -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast -Wcast-align -Wformat=2
-    -Wnull-dereference)
+    -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast -Wcast-align -Wformat=2)
 
 if(AIRLUME_SANITIZE)
     set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=undefined
