@@ -103,21 +103,21 @@ QVector<ScaleText> scaleTexts(const QPoint &center, int radius, int tick)
 {
     const QPoint position = labelPosition(center, radius, tick);
     const auto number = [](int dBm, const QPoint &at) {
-        return ScaleText{numberText(dBm), at, NumberSize, Qt::black, INT_MAX};
+        return ScaleText{numberText(dBm), at, NumberSize, Qt::black};
     };
     if (tick == 0 || tick == TickCount - 1)
-        return {{QStringLiteral("dBm"), position, NumberSize, Qt::black, INT_MAX}};
+        return {{QStringLiteral("dBm"), position, NumberSize, Qt::black}};
     if (tick == MiddleTick) {
         return {number(-50, position + QPoint(2, 0)),
             {LanguageLabels::m_strLangBoardGood, position + QPoint(1, 60), WordSize,
-                QColor(162, 208, 114), INT_MAX}};
+                QColor(162, 208, 114)}};
     }
     if (tick < MiddleTick && tick % 2 == 1) {
         const int dBm = -95 + (tick - 1) / 2 * LabelStep;
         QVector<ScaleText> texts = {number(dBm, position)};
         if (dBm == -85) {
             texts.append({LanguageLabels::m_strLangBoardPoor, position + QPoint(60, 23), WordSize,
-                QColor(Qt::red), INT_MAX});
+                QColor(Qt::red)});
         }
         return texts;
     }

@@ -53,15 +53,16 @@ void SignalChannelPlot::insertNetworks(const QVector<WifiProperty> &networks, in
     networkCount = networks.size();
     for (const WifiProperty &record : networks)
         addNetwork(record, curveColor(counter++));
+    // One for all: the triangles are hidden and the canvas paints when the event loop is back, so a
+    // replot for each would show nothing more, and each costs the more the more items there are.
     replot();
 }
 
 void SignalChannelPlot::addNetwork(const WifiProperty &record, const QColor &color)
 {
-    pointData &entry = curveMap[record.ssid];
-    delete entry.curve;
-    delete entry.marker;
+    removeNetwork(record.ssid);
 
+    pointData entry;
     entry.curve = PlotLook::makeCurve(record.ssid, color);
     entry.curve->setYAxis(m_band.dBmAxis);
     // There is no legend, and preparing an entry for one is what costs most here.
@@ -78,6 +79,17 @@ void SignalChannelPlot::addNetwork(const WifiProperty &record, const QColor &col
     entry.marker->attach(this);
 
     entry.channel = record.channel;
+    curveMap.insert(record.ssid, entry);
+}
+
+void SignalChannelPlot::removeNetwork(const QString &ssid)
+{
+    const auto entry = curveMap.find(ssid);
+    if (entry == curveMap.end())
+        return;
+    delete entry->curve;
+    delete entry->marker;
+    curveMap.erase(entry);
 }
 
 void SignalChannelPlot::onDataReturned(QVector<WifiProperty> networks)

@@ -62,6 +62,7 @@ private:
     };
 
     void addNetwork(const WifiProperty &record, const QColor &color);
+    void removeNetwork(const QString &ssid);
     void deleteCurves();
 
     const ChannelBand &m_band;
