@@ -1,10 +1,15 @@
 #include "simulated/duplicatekey.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QSet>
 #include <QVector>
 
 namespace
 {
+/// The JSON reader refuses what lies deeper, so it need not be looked at.
+const int deepest = 1024;
+
 /// Index just behind the closing quote of the string that opens at `open`.
 int endOfString(const QByteArray &json, int open)
 {
@@ -12,6 +17,14 @@ int endOfString(const QByteArray &json, int open)
     while (i < json.size() && json.at(i) != '"')
         i += json.at(i) == '\\' ? 2 : 1;
     return qMin(i + 1, json.size());
+}
+
+/// The text of a string with its quotes. The same text can be written in several ways.
+QString textOf(const QByteArray &string)
+{
+    if (!string.contains('\\'))
+        return QString::fromUtf8(string.mid(1, string.size() - 2));
+    return QJsonDocument::fromJson('[' + string + ']').array().at(0).toString();
 }
 
 bool isFollowedByColon(const QByteArray &json, int i)
@@ -26,17 +39,19 @@ bool isFollowedByColon(const QByteArray &json, int i)
 DuplicateKey FindDuplicateKey(const QByteArray &json)
 {
     // A list gets a set too, which stays empty: nothing in it is followed by a colon.
-    QVector<QSet<QByteArray>> open;
+    QVector<QSet<QString>> open;
     for (int i = 0; i < json.size(); ++i) {
         const char c = json.at(i);
         if (c == '{' || c == '[') {
-            open.append(QSet<QByteArray>());
+            if (open.size() == deepest)
+                return {};
+            open.append(QSet<QString>());
         } else if ((c == '}' || c == ']') && !open.isEmpty()) {
             open.removeLast();
         } else if (c == '"') {
             const int end = endOfString(json, i);
             if (!open.isEmpty() && isFollowedByColon(json, end)) {
-                const QByteArray key = json.mid(i + 1, end - i - 2);
+                const QString key = textOf(json.mid(i, end - i));
                 if (open.last().contains(key))
                     return {key, LineOfOffset(json, i), true};
                 open.last().insert(key);

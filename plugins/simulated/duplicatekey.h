@@ -2,19 +2,18 @@
 #define AIRLUME_SIMULATED_DUPLICATEKEY_H
 
 #include <QByteArray>
+#include <QString>
 
-/// A key that stands twice in one object of a JSON text. The JSON reader keeps the last value
-/// without a word, so that a copied line would silently win over the one being edited.
+/// A key that stands twice in one object of a JSON text. The JSON reader would keep the last value
+/// without a word, so that a copied line silently wins over the one being edited.
 struct DuplicateKey {
-    /// As written, without the quotes; empty: none found.
-    QByteArray key;
+    QString key;
     /// Line of the second one, from 1.
     int line = 0;
     bool found = false;
 };
 
-/// The first repeated key in `json`, which must be a text the JSON reader accepts. Keys are
-/// compared as written, escapes included.
+/// The first repeated key in `json`. Meant for sound texts, but ends on any.
 DuplicateKey FindDuplicateKey(const QByteArray &json);
 
 /// The line, from 1, of the byte at `offset`.

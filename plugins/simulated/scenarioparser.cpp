@@ -1,6 +1,7 @@
 #include "simulated/scenarioparser.h"
 
 #include "simulated/duplicatekey.h"
+#include "simulated/eventreader.h"
 #include "simulated/signalmodel.h"
 
 #include <QHash>
@@ -10,55 +11,6 @@
 
 namespace
 {
-using Action = ScenarioEvent::Action;
-using Query = ScenarioEvent::Query;
-
-template <typename Value> struct NamedValue {
-    QLatin1String name;
-    Value value;
-};
-
-const NamedValue<Action> actions[] = {
-    {QLatin1String("radio_off"), Action::RadioOff},
-    {QLatin1String("radio_on"), Action::RadioOn},
-    {QLatin1String("unplug"), Action::Unplug},
-    {QLatin1String("plug"), Action::Plug},
-    {QLatin1String("join"), Action::Join},
-    {QLatin1String("leave"), Action::Leave},
-    {QLatin1String("fail"), Action::Fail},
-    {QLatin1String("recover"), Action::Recover},
-};
-
-const NamedValue<Query> queries[] = {
-    {QLatin1String("all"), Query::All},
-    {QLatin1String("interfaces"), Query::Interfaces},
-    {QLatin1String("usable"), Query::Usable},
-    {QLatin1String("networks"), Query::Networks},
-};
-
-/// No QStringLiteral: what ends up in a scan map may outlive this library.
-QString defaultSecurity()
-{
-    return QString::fromLatin1("WPA2-PSK");
-}
-
-/// The value named by the text member `key`; anything else is reported with the names it may have.
-template <typename Value, size_t Count>
-Value choose(const JsonFields &fields, QLatin1String key, const NamedValue<Value> (&choices)[Count],
-    const QString &fallback)
-{
-    const QString text = fields.text(key, fallback);
-    QStringList names;
-    for (const auto &choice : choices) {
-        if (text == choice.name)
-            return choice.value;
-        names.append(choice.name);
-    }
-    fields.report(key, QStringLiteral("must be one of ") + names.join(QLatin1String(", ")) +
-                           QStringLiteral(", not ") + QuotedText(text));
-    return choices[0].value;
-}
-
 QString indexed(const char *list, int index)
 {
     return QStringLiteral("%1[%2]").arg(QLatin1String(list)).arg(index);
@@ -79,7 +31,6 @@ private:
     void readGenerate(const QJsonValue &value, const QString &path);
     void readEvents(const JsonFields &root);
     void addNetwork(const ScenarioNetwork &network, const QString &path);
-    double timeInScript(const JsonFields &fields, QLatin1String key);
 
     Scenario m_scenario;
     ScenarioError m_error;
@@ -120,7 +71,7 @@ void Builder::readInterfaces(const JsonFields &root)
         return QStringLiteral("02:00:00:00:00:%1").arg(index + 1, 2, 16, QLatin1Char('0'));
     };
     if (!root.has(QLatin1String("interfaces"))) {
-        m_scenario.interfaces.append({QString::fromLatin1("sim0"), defaultAddress(0), true});
+        m_scenario.interfaces.append({QStringLiteral("sim0"), defaultAddress(0), true});
         return;
     }
     const QJsonArray list = root.list(QLatin1String("interfaces"));
@@ -166,7 +117,7 @@ void Builder::readNetworks(const JsonFields &root)
         network.bssid = fields.hardwareAddress(QLatin1String("bssid"));
         // 233 is the highest channel of any band; odder ones are for "raw".
         network.channel = static_cast<int>(fields.whole(QLatin1String("channel"), 1, 233, 1));
-        network.security = fields.text(QLatin1String("security"), defaultSecurity());
+        network.security = fields.text(QLatin1String("security"), QStringLiteral("WPA2-PSK"));
         network.signal = fields.number(QLatin1String("signal"), -100.0, 0.0, network.signal);
         network.wander = fields.number(QLatin1String("wander"), 0.0, 50.0, network.wander);
         network.linkRate = static_cast<int>(fields.whole(QLatin1String("link_rate"), 1, 100000, 0));
@@ -218,20 +169,10 @@ void Builder::readWalk(const JsonFields &fields, ScenarioNetwork *network)
     }
 }
 
-double Builder::timeInScript(const JsonFields &fields, QLatin1String key)
-{
-    const double at = fields.number(key, 0.0, ScenarioLimits::Seconds, 0.0);
-    if (m_scenario.repeat > 0.0 && at >= m_scenario.repeat) {
-        fields.report(key, QStringLiteral("never comes: the script starts over after ") +
-                               NumberText(m_scenario.repeat) + QStringLiteral(" seconds"));
-    }
-    return at;
-}
-
 void Builder::readPresence(const JsonFields &fields, ScenarioNetwork *network)
 {
     const QLatin1String until("until");
-    network->from = timeInScript(fields, QLatin1String("from"));
+    network->from = ReadScriptTime(fields, QLatin1String("from"), m_scenario);
     network->until = fields.number(until, 0.0, ScenarioLimits::Seconds, network->until);
     if (network->until <= network->from)
         fields.report(until, QStringLiteral("must be later than \"from\""));
@@ -264,9 +205,9 @@ void Builder::readGenerate(const QJsonValue &value, const QString &path)
     fields.require(QLatin1String("count"));
     const int count =
         static_cast<int>(fields.whole(QLatin1String("count"), 0, ScenarioLimits::Networks, 0));
-    const QString prefix = fields.text(QLatin1String("prefix"), QString::fromLatin1("Network "));
+    const QString prefix = fields.text(QLatin1String("prefix"), QStringLiteral("Network "));
     ScenarioNetwork network;
-    network.security = fields.text(QLatin1String("security"), defaultSecurity());
+    network.security = fields.text(QLatin1String("security"), QStringLiteral("WPA2-PSK"));
     network.wander = fields.number(QLatin1String("wander"), 0.0, 50.0, network.wander);
     readPresence(fields, &network);
     for (int i = 0; i < count && !m_error.isSet(); ++i) {
@@ -301,54 +242,14 @@ void Builder::addNetwork(const ScenarioNetwork &network, const QString &path)
 
 void Builder::readEvents(const JsonFields &root)
 {
-    static const QStringList known{QStringLiteral("at"), QStringLiteral("do"),
-        QStringLiteral("interface"), QStringLiteral("bssid"), QStringLiteral("query")};
-    const QLatin1String interfaceKey("interface");
-    const QLatin1String bssidKey("bssid");
-    const QLatin1String queryKey("query");
     const QJsonArray list = root.list(QLatin1String("events"));
     if (list.size() > ScenarioLimits::Events) {
         root.report(QLatin1String("events"),
             QStringLiteral("has more than %1 entries").arg(ScenarioLimits::Events));
     }
     for (int i = 0; i < list.size() && !m_error.isSet(); ++i) {
-        const JsonFields fields(list.at(i), indexed("events", i), known, &m_error);
-        fields.require(QLatin1String("at"));
-        fields.require(QLatin1String("do"));
-        ScenarioEvent event;
-        event.at = timeInScript(fields, QLatin1String("at"));
-        event.action = choose(fields, QLatin1String("do"), actions, QStringLiteral("radio_off"));
-        const bool isQuery = event.action == Action::Fail || event.action == Action::Recover;
-        const bool isJoin = event.action == Action::Join;
-        const bool isInterface = !isQuery && !isJoin && event.action != Action::Leave;
-        const QString doesNotBelong = QStringLiteral("does not belong to this event");
-        if (fields.has(interfaceKey)) {
-            const QString name = fields.text(interfaceKey);
-            for (int n = 0; n < m_scenario.interfaces.size(); ++n) {
-                if (m_scenario.interfaces.at(n).name == name)
-                    event.interface = n;
-            }
-            if (!isInterface)
-                fields.report(interfaceKey, doesNotBelong);
-            else if (event.interface < 0)
-                fields.report(interfaceKey,
-                    QuotedText(name) + QStringLiteral(" is no interface of this file"));
-        }
-        if (isJoin) {
-            fields.require(bssidKey);
-            const QString bssid = fields.hardwareAddress(bssidKey);
-            event.network = m_networkOfBssid.value(bssid.toLower(), -1);
-            if (event.network < 0)
-                fields.report(
-                    bssidKey, QuotedText(bssid) + QStringLiteral(" is no network of this file"));
-        } else if (fields.has(bssidKey)) {
-            fields.report(bssidKey, doesNotBelong);
-        }
-        if (isQuery)
-            event.query = choose(fields, queryKey, queries, QStringLiteral("all"));
-        else if (fields.has(queryKey))
-            fields.report(queryKey, doesNotBelong);
-        m_scenario.events.append(event);
+        m_scenario.events.append(ReadScenarioEvent(
+            list.at(i), indexed("events", i), m_scenario, m_networkOfBssid, &m_error));
     }
     std::stable_sort(m_scenario.events.begin(), m_scenario.events.end(),
         [](const ScenarioEvent &a, const ScenarioEvent &b) { return a.at < b.at; });
@@ -363,6 +264,14 @@ ScenarioResult ParseScenario(const QByteArray &json)
             QString(), QStringLiteral("is larger than %1 bytes").arg(ScenarioLimits::Bytes));
         return result;
     }
+    // Before anything else, also because the JSON reader leaks the values of repeated keys.
+    const DuplicateKey duplicate = FindDuplicateKey(json);
+    if (duplicate.found) {
+        result.error.report(duplicate.key.left(40),
+            QStringLiteral("stands twice in one object; the second is in line %1")
+                .arg(duplicate.line));
+        return result;
+    }
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(json, &parseError);
     if (parseError.error != QJsonParseError::NoError) {
@@ -373,13 +282,6 @@ ScenarioResult ParseScenario(const QByteArray &json)
     }
     if (!document.isObject()) {
         result.error.report(QString(), QStringLiteral("must hold an object: { ... }"));
-        return result;
-    }
-    const DuplicateKey duplicate = FindDuplicateKey(json);
-    if (duplicate.found) {
-        result.error.report(QString::fromUtf8(duplicate.key.left(40)),
-            QStringLiteral("stands twice in one object; the second is in line %1")
-                .arg(duplicate.line));
         return result;
     }
     return Builder().build(document.object());

@@ -6,15 +6,13 @@
 
 namespace
 {
-// Not QStringLiteral: its characters would lie in this library, and whoever asked may keep the maps
-// longer than the library is loaded.
-const QString ssidKey = QString::fromLatin1("ssid");
-const QString bssidKey = QString::fromLatin1("bssid");
-const QString channelKey = QString::fromLatin1("channel");
-const QString connectedKey = QString::fromLatin1("current_connected");
-const QString securityKey = QString::fromLatin1("security_mode");
-const QString signalKey = QString::fromLatin1("WLAN_NETWORK_SIGNAL");
-const QString linkRateKey = QString::fromLatin1("link_rate");
+const QString ssidKey = QStringLiteral("ssid");
+const QString bssidKey = QStringLiteral("bssid");
+const QString channelKey = QStringLiteral("channel");
+const QString connectedKey = QStringLiteral("current_connected");
+const QString securityKey = QStringLiteral("security_mode");
+const QString signalKey = QStringLiteral("WLAN_NETWORK_SIGNAL");
+const QString linkRateKey = QStringLiteral("link_rate");
 } // namespace
 
 SimulatedAir::SimulatedAir(const Scenario &scenario)
@@ -24,7 +22,7 @@ SimulatedAir::SimulatedAir(const Scenario &scenario)
     m_keys.reserve(scenario.networks.size());
     for (const ScenarioNetwork &network : scenario.networks) {
         m_fixed.append({{ssidKey, network.ssid}, {bssidKey, network.bssid},
-            {channelKey, QString::number(network.channel)}, {connectedKey, QString::number(0)},
+            {channelKey, QString::number(network.channel)}, {connectedKey, QStringLiteral("0")},
             {securityKey, network.security}, {signalKey, QString()}});
         m_keys.append(SignalModel::TextKey(network.bssid));
     }
@@ -174,7 +172,7 @@ ScanMap SimulatedAir::mapOf(int index) const
     const int signal = SignalModel::Signal(network, m_scenario.seed, m_keys.at(index), m_seconds);
     map[signalKey] = QString::number(signal);
     if (index == m_joined) {
-        map[connectedKey] = QString::number(1);
+        map[connectedKey] = QStringLiteral("1");
         if (network.linkRate > 0) {
             map.insert(
                 linkRateKey, QString::number(SignalModel::LinkRate(network.linkRate, signal)));

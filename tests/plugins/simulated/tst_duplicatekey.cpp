@@ -8,25 +8,26 @@ class TestDuplicateKey : public QObject
 private slots:
     void findsTheSecondOfTwoEqualKeys_data();
     void findsTheSecondOfTwoEqualKeys();
-    void endsOnTruncatedText();
+    void endsOnTextThatIsNotSound();
     void countsLinesFromOne();
 };
 
 void TestDuplicateKey::findsTheSecondOfTwoEqualKeys_data()
 {
     QTest::addColumn<QByteArray>("json");
-    QTest::addColumn<QByteArray>("key");
+    QTest::addColumn<QString>("key");
     QTest::addColumn<int>("line");
 
-    const QByteArray none;
+    const QString none;
     QTest::newRow("empty object") << QByteArray("{}") << none << 0;
     QTest::newRow("different keys") << QByteArray(R"({"a":1,"b":2})") << none << 0;
-    QTest::newRow("same object") << QByteArray("{\"a\":1,\n\"a\":2}") << QByteArray("a") << 2;
+    QTest::newRow("same object") << QByteArray("{\"a\":1,\n\"a\":2}") << QStringLiteral("a") << 2;
     QTest::newRow("blank before the colon")
-        << QByteArray("{\"a\":1,\"a\" \t\n:2}") << QByteArray("a") << 1;
-    QTest::newRow("inner object") << QByteArray(R"({"a":{"b":1,"b":2}})") << QByteArray("b") << 1;
+        << QByteArray("{\"a\":1,\"a\" \t\n:2}") << QStringLiteral("a") << 1;
+    QTest::newRow("inner object") << QByteArray(R"({"a":{"b":1,"b":2}})") << QStringLiteral("b")
+                                  << 1;
     QTest::newRow("after an inner object")
-        << QByteArray(R"({"a":{"b":1},"a":2})") << QByteArray("a") << 1;
+        << QByteArray(R"({"a":{"b":1},"a":2})") << QStringLiteral("a") << 1;
     QTest::newRow("neighbouring objects") << QByteArray(R"([{"a":1},{"a":2}])") << none << 0;
     QTest::newRow("inner and outer") << QByteArray(R"({"a":{"a":1}})") << none << 0;
     QTest::newRow("key as value") << QByteArray(R"({"a":"a","b":"a"})") << none << 0;
@@ -35,14 +36,18 @@ void TestDuplicateKey::findsTheSecondOfTwoEqualKeys_data()
     QTest::newRow("escaped quote in a text")
         << QByteArray(R"({"a":"x\",\"a\":","b":1})") << none << 0;
     QTest::newRow("escaped backslash at the end")
-        << QByteArray(R"({"a":"x\\","a":1})") << QByteArray("a") << 1;
-    QTest::newRow("empty key") << QByteArray(R"({"":1,"":2})") << QByteArray() << 1;
+        << QByteArray(R"({"a":"x\\","a":1})") << QStringLiteral("a") << 1;
+    QTest::newRow("empty key") << QByteArray(R"({"":1,"":2})") << QString() << 1;
+    QTest::newRow("written in two ways")
+        << QByteArray(R"({"a\u0062":1,"ab":2})") << QStringLiteral("ab") << 1;
+    QTest::newRow("escapes of different keys")
+        << QByteArray(R"({"\u0062":1,"\u0063":2})") << none << 0;
 }
 
 void TestDuplicateKey::findsTheSecondOfTwoEqualKeys()
 {
     QFETCH(QByteArray, json);
-    QFETCH(QByteArray, key);
+    QFETCH(QString, key);
     QFETCH(int, line);
     const DuplicateKey duplicate = FindDuplicateKey(json);
     QCOMPARE(duplicate.found, line > 0);
@@ -50,12 +55,14 @@ void TestDuplicateKey::findsTheSecondOfTwoEqualKeys()
     QCOMPARE(duplicate.line, line);
 }
 
-void TestDuplicateKey::endsOnTruncatedText()
+void TestDuplicateKey::endsOnTextThatIsNotSound()
 {
     const QByteArray json = R"({"a":{"b":"c\\\"d"},"e":["f",{"a":1,"a":2}]})";
     for (int length = 0; length < json.size(); ++length)
         FindDuplicateKey(json.left(length));
     QVERIFY(FindDuplicateKey(json).found);
+    const QByteArray tooDeep(2000, '[');
+    QVERIFY(!FindDuplicateKey(tooDeep + R"({"a":1,"a":2})").found);
     QVERIFY(!FindDuplicateKey("\"\\").found);
     QVERIFY(!FindDuplicateKey("]]}}\"").found);
 }

@@ -6,7 +6,6 @@
 #include <QPluginLoader>
 #include <QtTest>
 
-#include <memory>
 #include <thread>
 
 /// The libraries as the program loads them. QT_PLUGIN_PATH names the folder of the simulated back
@@ -19,7 +18,6 @@ private slots:
     void bareFileNameFindsTheFirstFolderOfThePath();
     void metadataNameTheInterface();
     void simulatedBackEndAnswersOnAnotherThread();
-    void mapsOutliveTheLibrary();
     void minimalBackEndAnswers();
 };
 
@@ -92,34 +90,6 @@ void TestLoadedPlugin::simulatedBackEndAnswersOnAnotherThread()
     QVERIFY(usable);
     QVERIFY(heard);
     QVERIFY(maps.size() >= 24);
-}
-
-void TestLoadedPlugin::mapsOutliveTheLibrary()
-{
-    QList<ScanMap> maps;
-    QStringList nics;
-    // A first loader that has loaded the library keeps it, so this needs a name of its own.
-    QTemporaryDir dir;
-    const QString copy = fileIn(dir.path());
-    QVERIFY(QFile::copy(fileIn(simulatedFolder()), copy));
-    QPluginLoader loader(copy);
-    auto *backEnd = qobject_cast<WiFiApiInterface *>(loader.instance());
-    QVERIFY(backEnd);
-    QVERIFY(backEnd->getWiFiNicList(nics));
-    QString nic;
-    QVERIFY(backEnd->getVisiableNetworkMapList(nic, maps));
-    QVERIFY(loader.unload());
-
-    QCOMPARE(nics, QStringList{QStringLiteral("sim0")});
-    int letters = 0;
-    for (const ScanMap &map : qAsConst(maps)) {
-        for (auto it = map.begin(); it != map.end(); ++it) {
-            for (const QChar &c : it.key() + it.value())
-                letters += c.isLetter();
-        }
-    }
-    QVERIFY(letters > 0);
-    maps.clear();
 }
 
 void TestLoadedPlugin::minimalBackEndAnswers()

@@ -1,0 +1,18 @@
+#ifndef AIRLUME_SIMULATED_EVENTREADER_H
+#define AIRLUME_SIMULATED_EVENTREADER_H
+
+#include "simulated/jsonfields.h"
+#include "simulated/scenario.h"
+
+#include <QHash>
+
+/// Reads one event of a scenario file. `scenario` has its interfaces, and `networkOfBssid` leads
+/// from addresses in lower case to its networks. `path` and `error` as for JsonFields.
+ScenarioEvent ReadScenarioEvent(const QJsonValue &value, const QString &path,
+    const Scenario &scenario, const QHash<QString, int> &networkOfBssid, ScenarioError *error);
+
+/// A time in seconds, 0 when missing. One that never comes because the script starts over before is
+/// reported.
+double ReadScriptTime(const JsonFields &fields, QLatin1String key, const Scenario &scenario);
+
+#endif
