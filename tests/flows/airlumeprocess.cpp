@@ -1,0 +1,129 @@
+#include "flows/airlumeprocess.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QJsonDocument>
+#include <QThread>
+
+#include <unistd.h>
+
+namespace
+{
+const int AnswerTimeoutMs = 60000;
+const unsigned long LookEveryMs = 50;
+
+QString inBuildTree(const QString &path)
+{
+    return QStringLiteral(AIRLUME_BUILD_DIR "/") + path;
+}
+} // namespace
+
+AirlumeProcess::AirlumeProcess(const QString &backEnd)
+    : m_environment(QProcessEnvironment::systemEnvironment())
+{
+    // A hard link is a program of its own: its room file lies beside it.
+    const QString program = m_folder.filePath(QStringLiteral("airlume"));
+    const QString built = inBuildTree(QStringLiteral("bin/airlume"));
+    if (link(QFile::encodeName(built).constData(), QFile::encodeName(program).constData()) != 0)
+        QFile::copy(built, program);
+
+    QStringList plugins(inBuildTree(QStringLiteral("tests/driver")));
+    if (!backEnd.isEmpty())
+        plugins.append(inBuildTree(backEnd));
+    setEnvironment(QStringLiteral("QT_PLUGIN_PATH"), plugins.join(QLatin1Char(':')));
+    setEnvironment(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("airlumedriver"));
+    setEnvironment(QStringLiteral("AIRLUME_DRIVER"), m_folder.filePath(QStringLiteral("driver")));
+    m_process.setProgram(program);
+    m_process.setProcessChannelMode(QProcess::MergedChannels);
+}
+
+AirlumeProcess::~AirlumeProcess()
+{
+    if (isRunning())
+        kill();
+}
+
+void AirlumeProcess::setEnvironment(const QString &name, const QString &value)
+{
+    m_environment.insert(name, value);
+}
+
+void AirlumeProcess::setScenario(const QByteArray &json)
+{
+    const QString path = m_folder.filePath(QStringLiteral("scenario.json"));
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly))
+        file.write(json);
+    setEnvironment(QStringLiteral("AIRLUME_SCENARIO"), path);
+}
+
+void AirlumeProcess::launch()
+{
+    m_process.setProcessEnvironment(m_environment);
+    m_process.start();
+}
+
+bool AirlumeProcess::start()
+{
+    launch();
+    return m_process.waitForStarted() && waitFor([](const QJsonObject &state) {
+        return state[QStringLiteral("visible")].toBool();
+    });
+}
+
+bool AirlumeProcess::waitForEnd(int timeoutMs)
+{
+    return m_process.state() == QProcess::NotRunning || m_process.waitForFinished(timeoutMs);
+}
+
+void AirlumeProcess::kill()
+{
+    m_process.kill();
+    m_process.waitForFinished();
+}
+
+QString AirlumeProcess::output()
+{
+    m_output += m_process.readAll();
+    return QString::fromUtf8(m_output);
+}
+
+QJsonObject AirlumeProcess::ask(const QString &line)
+{
+    if (m_socket.state() != QLocalSocket::ConnectedState) {
+        m_socket.connectToServer(m_folder.filePath(QStringLiteral("driver")));
+        if (!m_socket.waitForConnected(AnswerTimeoutMs))
+            return {};
+    }
+    m_socket.write(line.toUtf8() + '\n');
+    while (!m_socket.canReadLine()) {
+        if (!m_socket.waitForReadyRead(AnswerTimeoutMs))
+            return {};
+    }
+    return QJsonDocument::fromJson(m_socket.readLine()).object();
+}
+
+QJsonObject AirlumeProcess::state()
+{
+    return ask(QStringLiteral("state"));
+}
+
+bool AirlumeProcess::command(const QString &line)
+{
+    return ask(line)[QStringLiteral("done")].toBool();
+}
+
+bool AirlumeProcess::waitFor(const std::function<bool(const QJsonObject &)> &reached, int timeoutMs)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.elapsed() < timeoutMs) {
+        if (m_process.waitForFinished(0))
+            return false;
+        if (reached(state()))
+            return true;
+        QThread::msleep(LookEveryMs);
+    }
+    return false;
+}

@@ -1,0 +1,61 @@
+#ifndef AIRLUME_TESTS_FLOWS_AIRLUMEPROCESS_H
+#define AIRLUME_TESTS_FLOWS_AIRLUMEPROCESS_H
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QLocalSocket>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <functional>
+
+/// The real program as a process, in a folder of its own, looked into through the driver plug-in.
+/// Ended by the destructor if it still runs.
+class AirlumeProcess
+{
+public:
+    /// `backEnd`: the folder of a back end in the build tree ("plugins/simulated",
+    /// "tests/backends/empty"); empty: none.
+    explicit AirlumeProcess(const QString &backEnd);
+    ~AirlumeProcess();
+
+    /// A further environment variable, before start().
+    void setEnvironment(const QString &name, const QString &value);
+    /// Text of a scenario file for the simulated back end, before start().
+    void setScenario(const QByteArray &json);
+
+    /// Starts the program and waits until its window is visible.
+    bool start();
+    /// Starts the program and waits for nothing.
+    void launch();
+    /// Waits for the end of the process.
+    bool waitForEnd(int timeoutMs = 60000);
+    /// Kills the process at once, as a crash would.
+    void kill();
+
+    bool isRunning() const { return m_process.state() == QProcess::Running; }
+    int exitCode() const { return m_process.exitCode(); }
+    bool endedNormally() const { return m_process.exitStatus() == QProcess::NormalExit; }
+    /// All it has printed so far.
+    QString output();
+    /// The folder of this program's executable, with its room file.
+    QString folder() const { return m_folder.path(); }
+
+    /// What the window shows; empty when the program does not answer.
+    QJsonObject state();
+    /// Sends a command; true when it was carried out.
+    bool command(const QString &line);
+    /// Looks until `reached` says so.
+    bool waitFor(const std::function<bool(const QJsonObject &)> &reached, int timeoutMs = 60000);
+
+private:
+    QJsonObject ask(const QString &line);
+
+    QTemporaryDir m_folder;
+    QProcess m_process;
+    QProcessEnvironment m_environment;
+    QLocalSocket m_socket;
+    QByteArray m_output;
+};
+
+#endif

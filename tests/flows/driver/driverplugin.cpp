@@ -1,0 +1,143 @@
+#include "driverplugin.h"
+
+#include <QAbstractItemModel>
+#include <QApplication>
+#include <QDialog>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QLabel>
+#include <QLocalSocket>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTreeView>
+
+namespace
+{
+QWidget *mainWindow()
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows) {
+        if (window->objectName() == QLatin1String("Airlume"))
+            return window;
+    }
+    return nullptr;
+}
+
+template <typename Widget> Widget *child(const char *name)
+{
+    QWidget *window = mainWindow();
+    return window ? window->findChild<Widget *>(QLatin1String(name)) : nullptr;
+}
+
+QJsonArray rows()
+{
+    QJsonArray found;
+    const QTreeView *list = child<QTreeView>("treeView");
+    for (int row = 0; list && row < list->model()->rowCount(); ++row) {
+        QJsonArray cells;
+        for (int column = 0; column < list->model()->columnCount(); ++column) {
+            const QVariant value = list->model()->index(row, column).data();
+            cells.append(column == 0 ? QJsonValue(value.toBool()) : QJsonValue(value.toString()));
+        }
+        found.append(cells);
+    }
+    return found;
+}
+
+QJsonArray texts()
+{
+    QJsonArray found;
+    const QTabWidget *tabs = child<QTabWidget>("tabWidget");
+    for (int tab = 0; tabs && tab < tabs->count(); ++tab)
+        found.append(tabs->tabText(tab));
+    return found;
+}
+
+QString labelText(const char *name)
+{
+    const QLabel *label = child<QLabel>(name);
+    return label ? label->text() : QString();
+}
+} // namespace
+
+QObject *DriverPlugin::create(const QString &, const QString &)
+{
+    return new Driver(qEnvironmentVariable("AIRLUME_DRIVER"));
+}
+
+Driver::Driver(const QString &socketPath)
+{
+    connect(&m_server, &QLocalServer::newConnection, this,
+        [this] { serve(m_server.nextPendingConnection()); });
+    if (!m_server.listen(socketPath))
+        qFatal("driver: %s", qPrintable(m_server.errorString()));
+}
+
+void Driver::serve(QLocalSocket *client)
+{
+    connect(client, &QLocalSocket::disconnected, client, &QObject::deleteLater);
+    connect(client, &QLocalSocket::readyRead, this, [this, client] {
+        while (client->canReadLine()) {
+            const QString line = QString::fromUtf8(client->readLine()).trimmed();
+            client->write(QJsonDocument(answer(line)).toJson(QJsonDocument::Compact) + '\n');
+            client->flush();
+        }
+    });
+}
+
+QJsonObject Driver::answer(const QString &line)
+{
+    const QString verb = line.section(QLatin1Char(' '), 0, 0);
+    const QString object = line.section(QLatin1Char(' '), 1);
+    if (verb == QLatin1String("state"))
+        return state();
+
+    bool done = false;
+    if (verb == QLatin1String("click")) {
+        QWidget *widget = child<QWidget>(object.toLatin1().constData());
+        if (!widget && QApplication::activeModalWidget())
+            widget = QApplication::activeModalWidget()->findChild<QWidget *>(object);
+        done = widget && widget->isVisible() && click(widget, widget->rect().center());
+    } else if (verb == QLatin1String("tab")) {
+        if (QTabWidget *tabs = child<QTabWidget>("tabWidget"))
+            tabs->setCurrentIndex(object.toInt());
+        done = true;
+    } else if (verb == QLatin1String("tick")) {
+        QTreeView *list = child<QTreeView>("treeView");
+        done = list && click(list->viewport(),
+                           list->visualRect(list->model()->index(object.toInt(), 0)).center());
+    }
+    return {{QStringLiteral("done"), done}};
+}
+
+QJsonObject Driver::state()
+{
+    const QWidget *window = mainWindow();
+    if (!window)
+        return {{QStringLiteral("visible"), false}};
+    const QWidget *modal = QApplication::activeModalWidget();
+    return {
+        {QStringLiteral("visible"), window->isVisible()},
+        {QStringLiteral("geometry"),
+            QJsonArray{window->x(), window->y(), window->width(), window->height()}},
+        {QStringLiteral("status"), labelText("statuslabel")},
+        {QStringLiteral("connected"), labelText("label_connectedto")},
+        {QStringLiteral("tabs"), texts()},
+        {QStringLiteral("rows"), rows()},
+        {QStringLiteral("modal"),
+            modal ? QString::fromLatin1(modal->metaObject()->className()) : QString()},
+    };
+}
+
+/// Queued, so that the answer is sent before the click may end the process.
+bool Driver::click(QWidget *widget, const QPoint &position)
+{
+    for (QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        const bool pressed = type == QEvent::MouseButtonPress;
+        QCoreApplication::postEvent(
+            widget, new QMouseEvent(type, position, widget->mapToGlobal(position), Qt::LeftButton,
+                        pressed ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier));
+    }
+    return true;
+}

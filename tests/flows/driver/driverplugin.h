@@ -1,0 +1,40 @@
+#ifndef AIRLUME_TESTS_FLOWS_DRIVERPLUGIN_H
+#define AIRLUME_TESTS_FLOWS_DRIVERPLUGIN_H
+
+#include <QGenericPlugin>
+#include <QJsonObject>
+#include <QLocalServer>
+
+class QWidget;
+
+/// Looks into the unchanged program, and moves its mouse, for the tests that run it as a process.
+/// Qt loads it where QT_QPA_GENERIC_PLUGINS names "airlumedriver".
+class DriverPlugin : public QGenericPlugin
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "driver.json")
+
+public:
+    QObject *create(const QString &key, const QString &specification) override;
+};
+
+/// Answers each line on the local socket AIRLUME_DRIVER with a line of JSON:
+/// "state": what the window shows; "click NAME": clicks the middle of that widget; "tab N": shows
+/// that tab; "tick ROW": clicks that row's check box.
+class Driver : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Driver(const QString &socketPath);
+
+private:
+    void serve(QLocalSocket *client);
+    QJsonObject answer(const QString &line);
+    static QJsonObject state();
+    static bool click(QWidget *widget, const QPoint &position);
+
+    QLocalServer m_server;
+};
+
+#endif

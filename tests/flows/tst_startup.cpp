@@ -1,0 +1,171 @@
+#include "flows/airlumeprocess.h"
+
+#include <QFile>
+#include <QLocalServer>
+#include <QSettings>
+#include <QtTest>
+
+namespace
+{
+const QString Simulated = QStringLiteral("plugins/simulated");
+
+bool hasRows(const QJsonObject &state)
+{
+    return !state[QStringLiteral("rows")].toArray().isEmpty();
+}
+} // namespace
+
+/// The program from start to end, as a process.
+class TestStartUp : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void firstStartShowsTheNetworksAndMakesTheRooms();
+    void secondCopyEndsAtOnceAndLeavesTheFirstAlone();
+    void socketOfACrashedCopyIsNoHindrance();
+    void closeButtonEndsWithStatusZero_data();
+    void closeButtonEndsWithStatusZero();
+    void hostLanguageReachesTheWindow();
+    void hostExitMessageEndsInOrder();
+    void joinedNetworkIsTickedAndNamed();
+};
+
+void TestStartUp::firstStartShowsTheNetworksAndMakesTheRooms()
+{
+    AirlumeProcess airlume(Simulated);
+    QVERIFY2(airlume.start(), qPrintable(airlume.output()));
+    QVERIFY2(airlume.waitFor(hasRows), qPrintable(airlume.output()));
+    const QJsonObject state = airlume.state();
+    QCOMPARE(state[QStringLiteral("geometry")].toArray().at(2).toInt(), 1100);
+    QCOMPARE(state[QStringLiteral("status")].toString(), QStringLiteral("Scanning..."));
+    QCOMPARE(state[QStringLiteral("rows")].toArray().size(), 15);
+    QCOMPARE(state[QStringLiteral("tabs")].toArray(),
+        QJsonArray({QStringLiteral("Signal Graph"), QStringLiteral("Channel Graph"),
+            QStringLiteral("Channel Interference"), QStringLiteral("Home Testing")}));
+    QVERIFY(airlume.output().contains(QStringLiteral("open qss success")));
+    QVERIFY2(
+        !airlume.output().contains(QStringLiteral("NUll point")), qPrintable(airlume.output()));
+
+    QSettings rooms(airlume.folder() + QStringLiteral("/WifiHomeTest.ini"), QSettings::IniFormat);
+    QCOMPARE(rooms.childGroups(), QStringList({QStringLiteral("Bedroom1"),
+                                      QStringLiteral("Bedroom2"), QStringLiteral("Home Office"),
+                                      QStringLiteral("Kitchen"), QStringLiteral("Living Room")}));
+}
+
+void TestStartUp::secondCopyEndsAtOnceAndLeavesTheFirstAlone()
+{
+    AirlumeProcess first(Simulated);
+    QVERIFY2(first.start(), qPrintable(first.output()));
+    QVERIFY(first.waitFor(hasRows));
+    const QJsonValue before = first.state()[QStringLiteral("geometry")];
+    for (int copy = 0; copy < 3; ++copy) {
+        AirlumeProcess second(Simulated);
+        second.launch();
+        QVERIFY(second.waitForEnd());
+        QVERIFY(second.endedNormally());
+        QCOMPARE(second.exitCode(), 0);
+        // It never came as far as the window, or as the room file.
+        QVERIFY2(!second.output().contains(QStringLiteral("qss")), qPrintable(second.output()));
+        QVERIFY(!QFile::exists(second.folder() + QStringLiteral("/WifiHomeTest.ini")));
+    }
+    QVERIFY(first.isRunning());
+    QCOMPARE(first.state()[QStringLiteral("geometry")], before);
+}
+
+void TestStartUp::socketOfACrashedCopyIsNoHindrance()
+{
+    AirlumeProcess crashed(Simulated);
+    QVERIFY2(crashed.start(), qPrintable(crashed.output()));
+    QVERIFY(crashed.waitFor(hasRows));
+    crashed.kill();
+    QVERIFY(QFile::exists(QDir::tempPath() + QStringLiteral("/Airlume_LocalServer")));
+
+    AirlumeProcess next(Simulated);
+    QVERIFY2(next.start(), qPrintable(next.output()));
+    QVERIFY(next.waitFor(hasRows));
+    AirlumeProcess further(Simulated);
+    further.launch();
+    QVERIFY(further.waitForEnd());
+    QCOMPARE(further.exitCode(), 0);
+    QVERIFY(next.isRunning());
+}
+
+void TestStartUp::closeButtonEndsWithStatusZero_data()
+{
+    QTest::addColumn<QString>("backEnd");
+    QTest::newRow("while both threads run") << Simulated;
+    QTest::newRow("while the back end does not answer")
+        << QStringLiteral("tests/backends/blocking");
+    QTest::newRow("without a back end") << QString();
+}
+
+void TestStartUp::closeButtonEndsWithStatusZero()
+{
+    QFETCH(QString, backEnd);
+    AirlumeProcess airlume(backEnd);
+    QVERIFY2(airlume.start(), qPrintable(airlume.output()));
+    QVERIFY(airlume.command(QStringLiteral("click close1")));
+    QVERIFY(airlume.waitForEnd());
+    QVERIFY(airlume.endedNormally());
+    QCOMPARE(airlume.exitCode(), 0);
+}
+
+void TestStartUp::hostLanguageReachesTheWindow()
+{
+    QLocalServer host;
+    QVERIFY(host.listen(QStringLiteral("HarborWindowLocalProcess")));
+    AirlumeProcess airlume(Simulated);
+    airlume.launch();
+    QVERIFY(host.waitForNewConnection(60000));
+    QLocalSocket *connection = host.nextPendingConnection();
+    while (connection->bytesAvailable() < 26)
+        QVERIFY(connection->waitForReadyRead(60000));
+    QCOMPARE(connection->readAll(), QByteArray("IpcRequestLanguage:Airlume"));
+    connection->write("IpcResponseLanguage:deu");
+    QVERIFY(connection->waitForBytesWritten());
+    QVERIFY(airlume.waitFor([](const QJsonObject &state) {
+        const QString title = state[QStringLiteral("tabs")].toArray().at(0).toString();
+        return !title.isEmpty() && title != QLatin1String("Signal Graph");
+    }));
+}
+
+void TestStartUp::hostExitMessageEndsInOrder()
+{
+    QLocalServer host;
+    QVERIFY(host.listen(QStringLiteral("HarborWindowLocalProcess")));
+    AirlumeProcess airlume(Simulated);
+    airlume.launch();
+    QVERIFY(host.waitForNewConnection(60000));
+    QLocalSocket *connection = host.nextPendingConnection();
+    QVERIFY(airlume.waitFor(hasRows));
+    connection->write("IpcResponseExit");
+    QVERIFY(connection->waitForBytesWritten());
+    QVERIFY(airlume.waitForEnd());
+    QVERIFY2(airlume.endedNormally(), qPrintable(airlume.output()));
+    QVERIFY2(airlume.exitCode() == 0, qPrintable(airlume.output()));
+    // Unlike the close button, this takes the server's socket away.
+    QVERIFY(!QFile::exists(QDir::tempPath() + QStringLiteral("/Airlume_LocalServer")));
+}
+
+void TestStartUp::joinedNetworkIsTickedAndNamed()
+{
+    AirlumeProcess airlume(Simulated);
+    airlume.setScenario(R"({"networks": [
+        {"ssid": "<b>Home</b>", "bssid": "02:00:00:00:00:01", "channel": 44, "joined": true},
+        {"ssid": "Other", "bssid": "02:00:00:00:00:02", "channel": 6}]})");
+    QVERIFY2(airlume.start(), qPrintable(airlume.output()));
+    QVERIFY(airlume.waitFor([](const QJsonObject &state) {
+        return state[QStringLiteral("connected")].toString() ==
+               QLatin1String("Connected to <b>Home</b>");
+    }));
+    QVERIFY(airlume.waitFor(hasRows));
+    // Unticked by hand, it stays so, and a second click shows its curve.
+    QVERIFY(airlume.command(QStringLiteral("tick 0")));
+    QVERIFY(airlume.waitFor([](const QJsonObject &state) {
+        return !state[QStringLiteral("rows")].toArray().at(0).toArray().at(0).toBool();
+    }));
+}
+
+QTEST_GUILESS_MAIN(TestStartUp)
+#include "tst_startup.moc"
