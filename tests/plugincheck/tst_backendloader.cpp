@@ -42,7 +42,6 @@ private slots:
     void missingFileIsReported();
     void fileThatIsNoLibraryIsReported();
     void emptyFileIsReported();
-    void unreadableFileIsReported();
     void pluginForAnotherProgramIsReported();
     void pluginOfANewerQtIsReported();
     void pluginWithoutItsLibrariesIsReported();
@@ -113,18 +112,6 @@ void TestBackendLoader::emptyFileIsReported()
     QCOMPARE(loadBackend(folder.path()).problem.code, QStringLiteral("not-a-plugin"));
 }
 
-void TestBackendLoader::unreadableFileIsReported()
-{
-    QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("libWiFiApiPlugin.dylib")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.close();
-    QVERIFY(file.setPermissions(QFileDevice::WriteOwner));
-    if (file.open(QIODevice::ReadOnly))
-        QSKIP("this user may read every file");
-    QCOMPARE(loadBackend(folder.path()).problem.code, QStringLiteral("not-readable"));
-}
-
 void TestBackendLoader::pluginForAnotherProgramIsReported()
 {
     const Backend backend = loadBackend(CheckerRun::folder("wronginterface"));
@@ -148,14 +135,15 @@ void TestBackendLoader::pluginOfANewerQtIsReported()
 
 void TestBackendLoader::pluginWithoutItsLibrariesIsReported()
 {
+#ifdef Q_OS_LINUX
     QTemporaryDir folder;
     const QString copy = changedCopy(folder, "libQt5Core.so.5", "libQt5Gone.so.5");
-    if (copy.isEmpty())
-        QSKIP("libraries have other names here");
+    QVERIFY(!copy.isEmpty());
     const Backend backend = loadBackend(copy);
     QCOMPARE(backend.problem.code, QStringLiteral("cannot-load"));
     QVERIFY2(backend.problem.text.contains(QStringLiteral("libQt5Gone.so.5")),
         qPrintable(backend.problem.text));
+#endif
 }
 
 QTEST_GUILESS_MAIN(TestBackendLoader)

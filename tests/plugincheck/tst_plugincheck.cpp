@@ -1,12 +1,16 @@
 #include "plugincheck/checkerrun.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QJsonArray>
+#include <QJsonDocument>
 #include <QTemporaryDir>
 #include <QtTest>
 
 #include <csignal>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace
 {
@@ -58,6 +62,8 @@ private slots:
     void backendsMessagesAreShownAsSuch();
     void backendOfTheProgramIsFoundThroughQtsPaths();
     void missingBackendOfTheProgramNamesTheFolders();
+    void filesThatMayNotBeReadAreToldFromMissingOnes_data();
+    void filesThatMayNotBeReadAreToldFromMissingOnes();
     void hangingBackendIsGivenUp();
     void crashIsReportedWithItsPlace_data();
     void crashIsReportedWithItsPlace();
@@ -255,6 +261,47 @@ void TestPlugincheck::missingBackendOfTheProgramNamesTheFolders()
         text.contains(QStringLiteral("there is no libWiFiApiPlugin.dylib in ")), qPrintable(text));
     QVERIFY(text.contains(folder.path()));
     QVERIFY(text.contains(QStringLiteral("QT_PLUGIN_PATH")));
+}
+
+void TestPlugincheck::filesThatMayNotBeReadAreToldFromMissingOnes_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("unreadable file") << QStringLiteral("file") << QStringLiteral("not-readable");
+    QTest::newRow("locked folder")
+        << QStringLiteral("locked/file") << QStringLiteral("not-readable");
+    QTest::newRow("missing file") << QStringLiteral("none") << QStringLiteral("not-found");
+}
+
+void TestPlugincheck::filesThatMayNotBeReadAreToldFromMissingOnes()
+{
+    QFETCH(QString, file);
+    // A place that every user reaches, because root, who may read anything, gives way to nobody.
+    QTemporaryDir folder(QStringLiteral("/tmp/airlume-check.XXXXXX"));
+    const QString checker = folder.filePath(QStringLiteral("airlume-plugincheck"));
+    QVERIFY(QFile::copy(QStringLiteral(AIRLUME_BUILD_DIR "/bin/airlume-plugincheck"), checker));
+    QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("locked")));
+    for (const char *name : {"file", "locked/file"})
+        QVERIFY(QFile::copy(CheckerRun::library("sound"), folder.filePath(QLatin1String(name))));
+    QCOMPARE(::chmod(QFile::encodeName(folder.path()).constData(), 0755), 0);
+    QCOMPARE(::chmod(QFile::encodeName(checker).constData(), 0755), 0);
+    QCOMPARE(::chmod(QFile::encodeName(folder.filePath(QStringLiteral("file"))).constData(), 0), 0);
+    const QByteArray locked = QFile::encodeName(folder.filePath(QStringLiteral("locked")));
+    QCOMPARE(::chmod(locked.constData(), 0), 0);
+
+    QStringList command{checker, QStringLiteral("--json"), folder.filePath(file)};
+    if (::geteuid() == 0) {
+        command = QStringList{QStringLiteral("setpriv"), QStringLiteral("--reuid=65534"),
+                      QStringLiteral("--regid=65534"), QStringLiteral("--clear-groups")} +
+                  command;
+    }
+    QProcess process;
+    process.start(command.takeFirst(), command);
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(::chmod(locked.constData(), 0700), 0);
+    QCOMPARE(process.exitCode(), 2);
+    const QByteArray output = process.readAllStandardOutput();
+    QTEST(textAt(QJsonDocument::fromJson(output).object(), "reason"), "reason");
 }
 
 void TestPlugincheck::hangingBackendIsGivenUp()

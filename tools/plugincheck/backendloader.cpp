@@ -4,10 +4,14 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QLibraryInfo>
 #include <QPluginLoader>
 #include <QVersionNumber>
+
+#include <cerrno>
+#include <unistd.h>
 
 namespace PluginCheck
 {
@@ -78,6 +82,12 @@ Problem wrongInterface(const QString &found)
         {QStringLiteral("Use a back end made for this version of Airlume.")}};
 }
 
+/// True when a folder on the way to `path` may not be searched: there may well be such a file.
+bool isBehindLockedFolder(const QString &path)
+{
+    return ::access(QFile::encodeName(path).constData(), F_OK) != 0 && errno == EACCES;
+}
+
 int runningQt()
 {
     const QVersionNumber version = QLibraryInfo::version();
@@ -137,7 +147,7 @@ Backend loadBackend(const QString &path)
         return broken(backend, nowhereFound());
     const QFileInfo info(file);
     if (!info.isFile())
-        return broken(backend, notFound(file));
+        return broken(backend, isBehindLockedFolder(file) ? notReadable(file) : notFound(file));
     backend.path = file;
     if (!info.isReadable())
         return broken(backend, notReadable(file));

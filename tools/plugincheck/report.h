@@ -33,7 +33,7 @@ Report problemReport(
 /// Lines of text for a person at a terminal, each of them safe to print.
 QString textReport(const Report &report);
 
-/// The report as one line of JSON, in ASCII. docs/plugins.md and the manual page describe it.
+/// The report as one line of JSON, in ASCII. The manual page describes it.
 QByteArray jsonReport(const Report &report);
 
 } // namespace PluginCheck
