@@ -16,8 +16,8 @@ namespace
 std::optional<ScanAnswer> awaited(BackgroundRequester &requester)
 {
     std::optional<ScanAnswer> answer;
-    const bool answered
-        = QTest::qWaitFor([&] { return (answer = requester.takeAnswer()).has_value(); }, 20000);
+    const bool answered =
+        QTest::qWaitFor([&] { return (answer = requester.takeAnswer()).has_value(); }, 20000);
     return answered ? answer : std::nullopt;
 }
 } // namespace

@@ -24,6 +24,7 @@ private slots:
     void missingServiceIsTold();
     void missingBusIsTold();
     void silentServiceIsGivenUp();
+    void frozenBusKeepsNobodyWaiting();
     void restartedServiceIsFoundAgain();
     void restartedBusIsFoundAgain();
 
@@ -49,8 +50,8 @@ std::optional<ScanAnswer> TestNetworkManager::ask(const QString &bus, const QStr
         [manager](const QString &name) { return manager.requestScan(name); });
     requester.request(interface);
     std::optional<ScanAnswer> answer;
-    const bool answered
-        = QTest::qWaitFor([&] { return (answer = requester.takeAnswer()).has_value(); }, 20000);
+    const bool answered =
+        QTest::qWaitFor([&] { return (answer = requester.takeAnswer()).has_value(); }, 20000);
     return answered ? answer : std::nullopt;
 }
 
@@ -132,6 +133,24 @@ void TestNetworkManager::silentServiceIsGivenUp()
     QVERIFY(answer.has_value());
     QVERIFY2(answer->result == Result::NoReply, qPrintable(answer->detail));
     QVERIFY(timer.elapsed() >= 1900);
+}
+
+void TestNetworkManager::frozenBusKeepsNobodyWaiting()
+{
+    const NetworkManager manager{m_bus->address(), 2000};
+    FakeNetworkManager fake(m_bus->address());
+    BackgroundRequester requester(
+        [manager](const QString &name) { return manager.requestScan(name); });
+    m_bus->freeze(true);
+    QElapsedTimer timer;
+    timer.start();
+    requester.request(m_interface);
+    QVERIFY(!requester.takeAnswer());
+    QVERIFY(timer.elapsed() < 1000);
+    m_bus->freeze(false);
+    std::optional<ScanAnswer> answer;
+    QVERIFY(QTest::qWaitFor([&] { return (answer = requester.takeAnswer()).has_value(); }, 20000));
+    QVERIFY(answer->result == Result::Accepted);
 }
 
 void TestNetworkManager::restartedServiceIsFoundAgain()

@@ -1,0 +1,78 @@
+# airlume_add_fuzz_test(NAME fuzz_x SOURCES <absolute path>... RUNS count [SEEDS <absolute path>...]
+#                       [INCLUDE_DIRECTORIES ...] [LIBRARIES Qt5::Core ...] [MAX_LENGTH octets])
+#
+# A libFuzzer target (sources with LLVMFuzzerTestOneInput) as a test that tries a bounded number of
+# inputs, starting from the seeds. It is built by clang with AddressSanitizer and
+# UndefinedBehaviorSanitizer, whatever compiler builds the rest; where clang or its fuzzer runtime
+# is missing the test is skipped. It runs in the plain build only: it brings its own sanitizers.
+function(airlume_add_fuzz_test)
+    cmake_parse_arguments(ARG "" "NAME;RUNS;MAX_LENGTH"
+        "SOURCES;SEEDS;INCLUDE_DIRECTORIES;LIBRARIES" ${ARGN})
+    if(AIRLUME_SANITIZE)
+        return()
+    endif()
+    if(NOT ARG_MAX_LENGTH)
+        set(ARG_MAX_LENGTH 4096)
+    endif()
+    airlume_find_fuzzer()
+    if(AIRLUME_FUZZER_MISSING)
+        airlume_register_test(NAME ${ARG_NAME} LABELS fuzz
+            COMMAND sh -c "echo 'skipped: ${AIRLUME_FUZZER_MISSING}'; exit 77")
+        return()
+    endif()
+
+    set(program "${CMAKE_CURRENT_BINARY_DIR}/${ARG_NAME}.d/${ARG_NAME}")
+    file(MAKE_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/${ARG_NAME}.d")
+    list(TRANSFORM ARG_INCLUDE_DIRECTORIES PREPEND "-I")
+    set(libraries "")
+    foreach(library IN LISTS ARG_LIBRARIES)
+        list(APPEND ARG_INCLUDE_DIRECTORIES
+            "-I$<JOIN:$<TARGET_PROPERTY:${library},INTERFACE_INCLUDE_DIRECTORIES>,;-I>")
+        list(APPEND libraries "$<TARGET_FILE:${library}>")
+    endforeach()
+    set(headers "")
+    foreach(source IN LISTS ARG_SOURCES)
+        get_filename_component(folder "${source}" DIRECTORY)
+        file(GLOB found CONFIGURE_DEPENDS "${folder}/*.h")
+        list(APPEND headers ${found})
+    endforeach()
+    add_custom_command(OUTPUT "${program}"
+        COMMAND "${AIRLUME_FUZZ_CXX}" ${AIRLUME_FUZZ_FLAGS} ${ARG_INCLUDE_DIRECTORIES}
+            ${ARG_SOURCES} ${libraries} -o "${program}"
+        DEPENDS ${ARG_SOURCES} ${headers}
+        COMMAND_EXPAND_LISTS VERBATIM
+        COMMENT "Building the fuzz target ${ARG_NAME}")
+    add_custom_target(${ARG_NAME} ALL DEPENDS "${program}")
+
+    # Named in a file, so that nothing new is written into the source tree.
+    list(JOIN ARG_SEEDS "," seeds)
+    file(WRITE "${program}.seeds" "${seeds}")
+    airlume_register_test(NAME ${ARG_NAME} TIMEOUT 300 LABELS fuzz
+        COMMAND "${program}" -runs=${ARG_RUNS} -seed=1 -max_len=${ARG_MAX_LENGTH} -timeout=20
+            -verbosity=1 "-seed_inputs=@${program}.seeds" "-artifact_prefix=${program}.")
+endfunction()
+
+# Looks for a clang that can build and link fuzz targets, once. Sets AIRLUME_FUZZ_CXX and
+# AIRLUME_FUZZ_FLAGS, and AIRLUME_FUZZER_MISSING to the reason when there is none.
+macro(airlume_find_fuzzer)
+    set(AIRLUME_FUZZ_FLAGS -std=c++17 -fPIC -g -O1 -fsanitize=fuzzer,address,undefined
+        -fno-sanitize-recover=undefined)
+    find_program(AIRLUME_FUZZ_CXX NAMES clang++ clang++-19 clang++-18 clang++-17 clang++-16
+        clang++-15 clang++-14)
+    mark_as_advanced(AIRLUME_FUZZ_CXX)
+    if(NOT AIRLUME_FUZZ_CXX)
+        set(AIRLUME_FUZZER_MISSING "clang is not installed")
+    elseif(NOT DEFINED AIRLUME_FUZZER_MISSING)
+        set(probe "${CMAKE_BINARY_DIR}/CMakeFiles/fuzzprobe")
+        file(WRITE "${probe}.cpp"
+            "extern \"C\" int LLVMFuzzerTestOneInput(const char *, unsigned long) { return 0; }\n")
+        execute_process(
+            COMMAND "${AIRLUME_FUZZ_CXX}" ${AIRLUME_FUZZ_FLAGS} "${probe}.cpp" -o "${probe}"
+            RESULT_VARIABLE result OUTPUT_QUIET ERROR_QUIET)
+        if(result EQUAL 0)
+            set(AIRLUME_FUZZER_MISSING "" CACHE INTERNAL "")
+        else()
+            set(AIRLUME_FUZZER_MISSING "clang has no fuzzer runtime (libclang-rt)")
+        endif()
+    endif()
+endmacro()

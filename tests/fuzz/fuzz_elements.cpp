@@ -1,0 +1,52 @@
+#include "linux/elementparser.h"
+#include "linux/securitytext.h"
+#include "linux/ssidtext.h"
+
+#include <cstdlib>
+
+using namespace LinuxWifi;
+using State = SecurityElement::State;
+
+namespace
+{
+void require(bool condition)
+{
+    if (!condition)
+        std::abort();
+}
+
+void checkSecurity(const InformationElements &elements, bool privacy)
+{
+    require((elements.rsn.state == State::Valid) == !elements.rsn.suites.empty());
+    require((elements.wpa.state == State::Valid) == !elements.wpa.suites.empty());
+    const std::string text = securityText(elements, privacy);
+    require(!text.empty() && text.size() < 200);
+    for (const char character : text)
+        require(character >= ' ' && character <= '~');
+    if (elements.rsn.state != State::Absent || elements.wpa.state != State::Absent ||
+        elements.truncated)
+        require(text != "Open" && text != "WEP");
+}
+
+void checkName(const InformationElements &elements)
+{
+    require(elements.name.size() <= 32);
+    require(elements.hasName || elements.name.empty());
+    const std::string text = ssidText(elements.name);
+    // Text already, so that it would stay as it is; and of at most four characters an octet.
+    require(ssidText(text) == text);
+    require(text.size() <= 4 * elements.name.size());
+    require(text.empty() == (elements.name.find_first_not_of('\0') == std::string::npos));
+}
+} // namespace
+
+/// Any octets as the elements of a beacon. The lowest bit of the first is the privacy bit.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    if (size == 0)
+        return 0;
+    const InformationElements elements = parseElements(data + 1, size - 1);
+    checkName(elements);
+    checkSecurity(elements, (data[0] & 1) != 0);
+    return 0;
+}
