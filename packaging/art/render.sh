@@ -1,6 +1,6 @@
 #!/bin/sh
 # Renders every picture of the program from the drawings in this folder, at 1x and 2x, and the
-# application icon in all its sizes. Needs rsvg-convert (Debian: librsvg2-bin); with optipng the
+# application icon in all its sizes, as files and as one macOS icon. Needs rsvg-convert (Debian: librsvg2-bin); with optipng the
 # files become smaller. The pictures are committed: run this only after changing a drawing.
 set -eu
 cd "$(dirname "$0")"
@@ -50,3 +50,23 @@ for size in 32 48 64 128 256 512; do
     icon airlume "$size"
 done
 cp airlume.svg "$icons/scalable/apps/airlume.svg"
+
+# A macOS icon is a list of blocks, each a type, its length with these eight bytes, and a PNG.
+big_endian() {
+    printf '%b' "$(printf '\\0%03o\\0%03o\\0%03o\\0%03o' \
+        $(($1 >> 24 & 255)) $(($1 >> 16 & 255)) $(($1 >> 8 & 255)) $(($1 & 255)))"
+}
+
+blocks=$(mktemp)
+trap 'rm -f "$blocks"' EXIT
+for block in icp4:16 icp5:32 ic11:32 ic12:64 ic07:128 ic13:256 ic08:256 ic14:512 ic09:512; do
+    file="$icons/${block#*:}x${block#*:}/apps/airlume.png"
+    printf '%s' "${block%:*}"
+    big_endian $(($(wc -c <"$file") + 8))
+    cat "$file"
+done >"$blocks"
+{
+    printf 'icns'
+    big_endian $(($(wc -c <"$blocks") + 8))
+    cat "$blocks"
+} >../icons/airlume.icns

@@ -35,6 +35,30 @@ QImage grab(QWidget *widget)
     return widget->grab().toImage().convertToFormat(QImage::Format_ARGB32);
 }
 
+QImage image(const QWidget *widget, const QString &name)
+{
+    const QString suffix = widget->devicePixelRatio() == 2 ? QStringLiteral("@2x") : QString();
+    return QImage(QStringLiteral(":/images/%1%2.png").arg(name, suffix))
+        .convertToFormat(QImage::Format_ARGB32);
+}
+
+bool shows(const QImage &drawn, const QImage &picture, const QPoint &at)
+{
+    int compared = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const QColor color = picture.pixelColor(x, y);
+            if (color.alpha() < 220)
+                continue;
+            ++compared;
+            // What lies below shines through as far as the pixel is not opaque.
+            if (!same(drawn.pixelColor(at + QPoint(x, y)), color, 2 + 255 - color.alpha()))
+                return false;
+        }
+    }
+    return compared > 0;
+}
+
 QColor colorAt(const QImage &picture, const QPoint &point)
 {
     const int ratio = qRound(picture.devicePixelRatio());

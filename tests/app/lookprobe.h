@@ -20,6 +20,13 @@ QString styleSheet();
 /// A picture of `widget` as it is now.
 QImage grab(QWidget *widget);
 
+/// The picture of the bundle that fits the density of `widget`.
+QImage image(const QWidget *widget, const QString &name);
+
+/// True when all nearly opaque pixels of `picture` stand in `drawn`, from its physical pixel `at`
+/// on.
+bool shows(const QImage &drawn, const QImage &picture, const QPoint &at = QPoint());
+
 /// Colour of the picture at a logical point.
 QColor colorAt(const QImage &picture, const QPoint &point);
 
