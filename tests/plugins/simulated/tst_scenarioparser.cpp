@@ -174,6 +174,16 @@ void TestScenarioParser::eventsAreSortedByTimeAndKeepTheirOrderWithin()
         actions.append(event.action);
     QCOMPARE(actions, (QVector<Action>{Action::Leave, Action::Unplug, Action::RadioOn, Action::Fail,
                           Action::RadioOff}));
+
+    // Few events stay in order by chance.
+    QByteArray list;
+    for (int i = 0; i < 100; ++i)
+        list += i % 2 == 0 ? R"({"at":5,"do":"fail"},)" : R"({"at":5,"do":"recover"},)";
+    const QVector<ScenarioEvent> many =
+        ParseScenario("{\"events\":[" + list + R"({"at":1,"do":"leave"}]})").scenario.events;
+    QCOMPARE(many.size(), 101);
+    for (int i = 1; i < many.size(); ++i)
+        QCOMPARE(many.at(i).action, i % 2 == 1 ? Action::Fail : Action::Recover);
 }
 
 void TestScenarioParser::addressesAreEqualWhateverTheirCase()

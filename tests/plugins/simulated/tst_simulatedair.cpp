@@ -440,12 +440,21 @@ void TestSimulatedAir::scriptStartsOver()
 
 void TestSimulatedAir::timeDoesNotGoBack()
 {
-    SimulatedAir air = airWithEvents(R"({"at":10,"do":"leave"})");
-    air.advanceTo(10.0);
+    SimulatedAir air = airOf(R"({"generate":{"count":9,"wander":30,"until":50},
+        "events":[{"at":100,"do":"radio_off"}]})");
+    air.advanceTo(40.0);
+    const QList<ScanMap> before = networksOf(air);
+    QCOMPARE(before.size(), 9);
+    for (const double earlier : {0.0, 20.0, -5.0}) {
+        air.advanceTo(earlier);
+        QCOMPARE(networksOf(air), before);
+    }
+    air.advanceTo(60.0);
+    air.advanceTo(40.0);
+    QCOMPARE(networksOf(air).size(), 0);
+    air.advanceTo(100.0);
     air.advanceTo(0.0);
-    QVERIFY(joinedOf(air).isEmpty());
-    air.advanceTo(-5.0);
-    QVERIFY(joinedOf(air).isEmpty());
+    QVERIFY(!hears(air));
 }
 
 void TestSimulatedAir::radioSwitchedByHandLastsUntilTheNextEvent()
