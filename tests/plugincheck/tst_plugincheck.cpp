@@ -383,7 +383,7 @@ void TestPlugincheck::watchingInTextNumbersTheRounds()
 
 void TestPlugincheck::failingByTurnsStillCountsAsHeard()
 {
-    CheckerRun run({QStringLiteral("--json"), QStringLiteral("--rounds"), QStringLiteral("5"),
+    CheckerRun run({QStringLiteral("--json"), QStringLiteral("--rounds"), QStringLiteral("4"),
                        QStringLiteral("--interval"), QStringLiteral("0.01"),
                        CheckerRun::library("alternating")},
         {QStringLiteral("AIRLUME_TEST_RESULTS=01")});
@@ -394,7 +394,7 @@ void TestPlugincheck::failingByTurnsStillCountsAsHeard()
         results.append(textAt(report, "result"));
     const QString failed = QStringLiteral("nothing-heard");
     const QString heard = QStringLiteral("heard");
-    QCOMPARE(results, (QStringList{failed, failed, heard, failed, heard}));
+    QCOMPARE(results, (QStringList{failed, failed, heard, failed}));
 }
 
 void TestPlugincheck::changingInterfacesAreFollowed()

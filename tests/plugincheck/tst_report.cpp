@@ -110,6 +110,8 @@ void TestReport::hostileCellsDoNotBreakTheTable()
     const int title = lines.indexOf(QStringLiteral("Networks")) + 1;
     QCOMPARE(lines.at(title + 1).indexOf(QStringLiteral("\"Net 1\"")),
         lines.at(title).indexOf(QStringLiteral("Name")));
+    QCOMPARE(lines.at(title + 2).lastIndexOf(QStringLiteral("\"\\x1b")),
+        lines.at(title).indexOf(QStringLiteral("Name")));
 }
 
 void TestReport::chosenInterfaceIsMarked()

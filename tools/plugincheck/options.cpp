@@ -60,11 +60,10 @@ Options parseOptions(const QStringList &arguments)
     const QCommandLineOption rounds(QStringLiteral("rounds"),
         QStringLiteral("Like --watch, but end after <number> rounds."), QStringLiteral("number"));
     const QCommandLineOption interval(QStringLiteral("interval"),
-        QStringLiteral("Time between two rounds (4)."), QStringLiteral("seconds"),
-        QStringLiteral("4"));
+        QStringLiteral("Time between two rounds (4)."), QStringLiteral("seconds"));
     const QCommandLineOption timeout(QStringLiteral("timeout"),
         QStringLiteral("Give up a call that does not answer for so long (10)."),
-        QStringLiteral("seconds"), QStringLiteral("10"));
+        QStringLiteral("seconds"));
     parser.addOptions({help, version, json, watch, rounds, interval, timeout});
     parser.addPositionalArgument(QStringLiteral("backend"),
         QStringLiteral("The library, or the folder that holds ") + backendFileName() +
@@ -101,16 +100,22 @@ Options parseOptions(const QStringList &arguments)
             return refusal(
                 options, QStringLiteral("--rounds needs a whole number, 1 or more."), parser);
     }
-    const std::optional<int> pause = milliseconds(parser.value(interval), 0);
-    if (!pause)
-        return refusal(
-            options, QStringLiteral("--interval needs a number of seconds, 0 or more."), parser);
-    options.interval = *pause;
-    const std::optional<int> patience = milliseconds(parser.value(timeout), 0.1);
-    if (!patience)
-        return refusal(
-            options, QStringLiteral("--timeout needs a number of seconds, 0.1 or more."), parser);
-    options.timeout = *patience;
+    if (parser.isSet(interval)) {
+        const std::optional<int> pause = milliseconds(parser.value(interval), 0);
+        if (!pause) {
+            return refusal(options,
+                QStringLiteral("--interval needs a number of seconds, 0 or more."), parser);
+        }
+        options.interval = *pause;
+    }
+    if (parser.isSet(timeout)) {
+        const std::optional<int> patience = milliseconds(parser.value(timeout), 0.1);
+        if (!patience) {
+            return refusal(options,
+                QStringLiteral("--timeout needs a number of seconds, 0.1 or more."), parser);
+        }
+        options.timeout = *patience;
+    }
     return options;
 }
 

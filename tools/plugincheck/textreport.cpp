@@ -194,8 +194,8 @@ void addMessages(Lines &lines, const QVector<Message> &messages)
         return;
     lines.addHeading(QStringLiteral("The back end's own messages"));
     for (int i = 0; i < messages.size() && i < MostMessages; ++i) {
-        lines.add(QStringLiteral("  ") + messages.at(i).level + QStringLiteral(": ") +
-                  shortened(messages.at(i).text, LongestMessage));
+        lines.addWrapped(QStringLiteral("  ") + messages.at(i).level + QStringLiteral(": "),
+            shortened(messages.at(i).text, LongestMessage));
     }
     if (messages.size() > MostMessages) {
         lines.add(QStringLiteral("  and ") + QString::number(messages.size() - MostMessages) +
