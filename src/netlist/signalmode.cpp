@@ -37,6 +37,9 @@ void SignalMode::retranslateUi()
         QtCommonTools::tr(LanguageLabels::m_strLangHeadChannel),
         QtCommonTools::tr(LanguageLabels::m_strLangHeadSecurity),
         QtCommonTools::tr(LanguageLabels::m_strLangHeadMac)});
+    // Centred as the cells below them.
+    for (int column : {SignalColumn, ChannelColumn, BssidColumn})
+        horizontalHeaderItem(column)->setTextAlignment(Qt::AlignCenter);
 }
 
 void SignalMode::ChangeLanguage()

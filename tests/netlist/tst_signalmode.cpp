@@ -20,6 +20,7 @@ private slots:
     void init();
     void cleanup();
     void hasHeadersInTheCurrentLanguage();
+    void centresTheHeadersOfCentredColumns();
     void firstFillMakesTickedRowsAndTellsNoGraph();
     void firstFillEndsAtFifteenRows();
     void columnZeroIsCheckableAndAccessible();
@@ -97,6 +98,18 @@ void TestSignalMode::hasHeadersInTheCurrentLanguage()
     QCOMPARE(headers().at(3), QtCommonTools::tr(LanguageLabels::m_strLangHeadChannel));
     QVERIFY(headers().at(3) != QLatin1String("Channel"));
     QCOMPARE(headers().first(), QString());
+}
+
+void TestSignalMode::centresTheHeadersOfCentredColumns()
+{
+    m_model->updateData({network(QStringLiteral("A"))});
+    m_model->ChangeLanguage();
+    for (int column = SignalMode::SsidColumn; column < SignalMode::ColumnCount; ++column) {
+        const int cell = m_model->index(0, column).data(Qt::TextAlignmentRole).toInt();
+        const int header =
+            m_model->headerData(column, Qt::Horizontal, Qt::TextAlignmentRole).toInt();
+        QCOMPARE(header == Qt::AlignCenter, cell == Qt::AlignCenter);
+    }
 }
 
 void TestSignalMode::firstFillMakesTickedRowsAndTellsNoGraph()
