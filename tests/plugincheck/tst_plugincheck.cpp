@@ -1,14 +1,12 @@
 #include "plugincheck/checkerrun.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <csignal>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -64,17 +62,6 @@ private slots:
     void missingBackendOfTheProgramNamesTheFolders();
     void filesThatMayNotBeReadAreToldFromMissingOnes_data();
     void filesThatMayNotBeReadAreToldFromMissingOnes();
-    void hangingBackendIsGivenUp();
-    void crashIsReportedWithItsPlace_data();
-    void crashIsReportedWithItsPlace();
-    void fatalMessageIsPassedOnSafely();
-    void watchingPrintsOneObjectALine();
-    void watchingInTextNumbersTheRounds();
-    void failingByTurnsStillCountsAsHeard();
-    void changingInterfacesAreFollowed();
-    void signalEndsTheWatch_data();
-    void signalEndsTheWatch();
-    void signalEndsAHangingCall();
     void wrongOptionsEndWithTheUsageOnStandardError();
     void helpAndVersionGoToStandardOutput();
     void simulatedBackendIsSound();
@@ -302,165 +289,6 @@ void TestPlugincheck::filesThatMayNotBeReadAreToldFromMissingOnes()
     QCOMPARE(process.exitCode(), 2);
     const QByteArray output = process.readAllStandardOutput();
     QTEST(textAt(QJsonDocument::fromJson(output).object(), "reason"), "reason");
-}
-
-void TestPlugincheck::hangingBackendIsGivenUp()
-{
-    QElapsedTimer timer;
-    timer.start();
-    CheckerRun run({QStringLiteral("--json"), QStringLiteral("--timeout"), QStringLiteral("0.3"),
-                       CheckerRun::library("blocking")},
-        {QStringLiteral("AIRLUME_TEST_BLOCK_SECONDS=300")});
-    QVERIFY(run.finish());
-    QVERIFY(timer.elapsed() < 50000);
-    QCOMPARE(run.status(), 2);
-    QCOMPARE(run.reports().size(), 1);
-    const QJsonObject report = run.reports().first();
-    QCOMPARE(textAt(report, "reason"), QStringLiteral("no-answer"));
-    QVERIFY(
-        textAt(report, "text")
-            .startsWith(QStringLiteral("getVisiableNetworkMapList() has not answered for 0.3 s")));
-}
-
-void TestPlugincheck::crashIsReportedWithItsPlace_data()
-{
-    QTest::addColumn<QString>("where");
-    QTest::addColumn<QString>("words");
-    QTest::newRow("load") << QStringLiteral("load") << QStringLiteral("while it was being loaded");
-    QTest::newRow("list") << QStringLiteral("list") << QStringLiteral("in getWiFiNicList()");
-    QTest::newRow("usable") << QStringLiteral("usable") << QStringLiteral("in isWiFiNicUsable()");
-    QTest::newRow("query") << QStringLiteral("query")
-                           << QStringLiteral("in getVisiableNetworkMapList()");
-}
-
-void TestPlugincheck::crashIsReportedWithItsPlace()
-{
-    QFETCH(QString, where);
-    QFETCH(QString, words);
-    const QStringList environment(QStringLiteral("AIRLUME_TEST_CRASH=") + where);
-    CheckerRun text({CheckerRun::library("crashing")}, environment);
-    QVERIFY(text.finish());
-    QCOMPARE(text.status(), 2);
-    QVERIFY2(text.text().simplified().contains(QStringLiteral("The back end crashed ") + words),
-        text.output().constData());
-    CheckerRun json({QStringLiteral("--json"), CheckerRun::library("crashing")}, environment);
-    QVERIFY(json.finish());
-    QCOMPARE(json.status(), 2);
-    QCOMPARE(json.reports().size(), 1);
-    QCOMPARE(textAt(json.reports().first(), "reason"), QStringLiteral("crashed"));
-}
-
-void TestPlugincheck::fatalMessageIsPassedOnSafely()
-{
-    CheckerRun run(
-        {CheckerRun::library("crashing")}, {QStringLiteral("AIRLUME_TEST_CRASH=fatalquery")});
-    QVERIFY(run.finish());
-    QCOMPARE(run.status(), 2);
-    QCOMPARE(run.errors(), QByteArray("The back end gave up: The radio \\x1b[31mexploded\n"));
-}
-
-void TestPlugincheck::watchingPrintsOneObjectALine()
-{
-    CheckerRun run({QStringLiteral("--json"), QStringLiteral("--rounds"), QStringLiteral("3"),
-        QStringLiteral("--interval"), QStringLiteral("0.02"), CheckerRun::library("sound")});
-    QVERIFY(run.finish());
-    QCOMPARE(run.status(), 0);
-    QCOMPARE(run.output().count('\n'), 3);
-    for (int i = 0; i < 3; ++i) {
-        QCOMPARE(run.reports().at(i).value(QStringLiteral("round")).toInt(), i + 1);
-        QCOMPARE(networksOf(run.reports().at(i)).size(), 3);
-    }
-}
-
-void TestPlugincheck::watchingInTextNumbersTheRounds()
-{
-    CheckerRun run({QStringLiteral("--rounds"), QStringLiteral("2"), QStringLiteral("--interval"),
-        QStringLiteral("0.02"), CheckerRun::library("sound")});
-    QVERIFY(run.finish());
-    QVERIFY(run.output().startsWith("Round 1, "));
-    QVERIFY(run.output().contains("\n\nRound 2, "));
-}
-
-void TestPlugincheck::failingByTurnsStillCountsAsHeard()
-{
-    CheckerRun run({QStringLiteral("--json"), QStringLiteral("--rounds"), QStringLiteral("4"),
-                       QStringLiteral("--interval"), QStringLiteral("0.01"),
-                       CheckerRun::library("alternating")},
-        {QStringLiteral("AIRLUME_TEST_RESULTS=01")});
-    QVERIFY(run.finish());
-    QCOMPARE(run.status(), 0);
-    QStringList results;
-    for (const QJsonObject &report : run.reports())
-        results.append(textAt(report, "result"));
-    const QString failed = QStringLiteral("nothing-heard");
-    const QString heard = QStringLiteral("heard");
-    QCOMPARE(results, (QStringList{failed, failed, heard, failed}));
-}
-
-void TestPlugincheck::changingInterfacesAreFollowed()
-{
-    CheckerRun run({QStringLiteral("--json"), QStringLiteral("--rounds"), QStringLiteral("4"),
-                       QStringLiteral("--interval"), QStringLiteral("0.01"),
-                       CheckerRun::library("changinglist")},
-        {QStringLiteral("AIRLUME_TEST_INTERFACES=a|b,a||c")});
-    QVERIFY(run.finish());
-    QCOMPARE(run.status(), 0);
-    QStringList chosen;
-    for (const QJsonObject &report : run.reports()) {
-        QString name;
-        const QJsonArray interfaces = report.value(QStringLiteral("interfaces")).toArray();
-        for (const QJsonValue &interface : interfaces) {
-            if (interface.toObject().value(QStringLiteral("chosen")).toBool())
-                name = textAt(interface.toObject(), "name");
-        }
-        chosen.append(name);
-    }
-    QCOMPARE(chosen,
-        (QStringList{QStringLiteral("a"), QStringLiteral("a"), QString(), QStringLiteral("c")}));
-}
-
-void TestPlugincheck::signalEndsTheWatch_data()
-{
-    QTest::addColumn<int>("signal");
-    QTest::addColumn<QByteArray>("kind");
-    QTest::addColumn<int>("status");
-    QTest::newRow("SIGINT, heard") << SIGINT << QByteArray("sound") << 0;
-    QTest::newRow("SIGTERM, heard") << SIGTERM << QByteArray("sound") << 0;
-    QTest::newRow("SIGINT, nothing heard") << SIGINT << QByteArray("radiooff") << 1;
-    QTest::newRow("SIGTERM, out of contract") << SIGTERM << QByteArray("garbage") << 2;
-}
-
-void TestPlugincheck::signalEndsTheWatch()
-{
-    QFETCH(int, signal);
-    QFETCH(QByteArray, kind);
-    CheckerRun run(
-        {QStringLiteral("--json"), QStringLiteral("--watch"), QStringLiteral("--interval"),
-            QStringLiteral("600"), CheckerRun::library(kind.constData())});
-    QVERIFY(run.waitForLines(1));
-    QCOMPARE(run.process().state(), QProcess::Running);
-    QCOMPARE(::kill(static_cast<pid_t>(run.process().processId()), signal), 0);
-    QVERIFY(run.finish());
-    QTEST(run.status(), "status");
-    QCOMPARE(run.reports().size(), 1);
-    QVERIFY(!run.reports().first().isEmpty());
-}
-
-void TestPlugincheck::signalEndsAHangingCall()
-{
-    CheckerRun run(
-        {QStringLiteral("--json"), QStringLiteral("--watch"), QStringLiteral("--timeout"),
-            QStringLiteral("600"), QStringLiteral("--interval"), QStringLiteral("0"),
-            CheckerRun::library("blocking")},
-        {QStringLiteral("AIRLUME_TEST_BLOCK_SECONDS=300"),
-            QStringLiteral("AIRLUME_TEST_BLOCK_AFTER=2")});
-    QVERIFY(run.waitForErrors("Blocking now"));
-    QCOMPARE(::kill(static_cast<pid_t>(run.process().processId()), SIGINT), 0);
-    QVERIFY(run.finish());
-    QCOMPARE(run.status(), 0);
-    QCOMPARE(run.reports().size(), 1);
-    QCOMPARE(textAt(run.reports().first(), "result"), QStringLiteral("heard"));
-    QVERIFY(run.errors().contains("Interrupted"));
 }
 
 void TestPlugincheck::wrongOptionsEndWithTheUsageOnStandardError()
