@@ -52,6 +52,7 @@ SignalDial::SignalDial(QWidget *parent)
 void SignalDial::setLabel(const QString &label)
 {
     m_strLabel = label;
+    invalidateCache();
     update();
 }
 

@@ -123,13 +123,18 @@ void SignalStrengthDashboard::announce()
     if (m_strNetwork != m_strAnnouncedNetwork) {
         m_strAnnouncedNetwork = m_strNetwork;
         QAccessibleEvent event(this, QAccessible::DescriptionChanged);
-        QAccessible::updateAccessibility(&event);
+        tell(event);
     }
     if (m_iValue != m_iAnnouncedValue) {
         m_iAnnouncedValue = m_iValue;
         QAccessibleValueChangeEvent event(this, m_iValue);
-        QAccessible::updateAccessibility(&event);
+        tell(event);
     }
+}
+
+void SignalStrengthDashboard::tell(QAccessibleEvent &event)
+{
+    QAccessible::updateAccessibility(&event);
 }
 
 void SignalStrengthDashboard::paintEvent(QPaintEvent *)

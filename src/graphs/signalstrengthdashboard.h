@@ -7,6 +7,8 @@
 #include <QString>
 #include <QWidget>
 
+class QAccessibleEvent;
+
 /// The gauge: a speedometer that shows the signal of the joined network.
 ///
 /// There is one in a process, made by the first Instance(). Its dial stands where the widget's size
@@ -47,6 +49,8 @@ protected:
     explicit SignalStrengthDashboard(QWidget *parent);
 
     void paintEvent(QPaintEvent *event) override;
+    /// Hands `event` to assistive technology.
+    virtual void tell(QAccessibleEvent &event);
 
 private slots:
     void announce();

@@ -1,7 +1,8 @@
+#include "graphs/gaugepicture.h"
+#include "graphs/graphtest.h"
 #include "graphs/signal2gplot.h"
 #include "graphs/signal5gplot.h"
 #include "graphs/signaldial.h"
-#include "graphs/signalstrengthdashboard.h"
 #include "graphs/signaltimeplot.h"
 #include "support/messagelog.h"
 #include "support/testair.h"
@@ -11,30 +12,16 @@
 #include <QHBoxLayout>
 #include <QRegularExpression>
 #include <QTest>
-#include <QTimerEvent>
 #include <cmath>
+
+using GraphTest::tick;
 
 namespace
 {
-class Gauge : public SignalStrengthDashboard
-{
-public:
-    explicit Gauge(QWidget *parent)
-        : SignalStrengthDashboard(parent)
-    {
-    }
-};
-
 QString styleSheet()
 {
     QFile file(QStringLiteral(":/qss/Airlume.qss"));
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
-
-void tick(QObject *graph)
-{
-    QTimerEvent event(0);
-    QCoreApplication::sendEvent(graph, &event);
 }
 
 QVector<WifiProperty> strangeNetworks()
