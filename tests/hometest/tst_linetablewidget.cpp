@@ -1,0 +1,187 @@
+#include "hometest/linetablewidget.h"
+#include "support/messagelog.h"
+
+#include <QHeaderView>
+#include <QPainter>
+#include <QTextLayout>
+#include <QtTest>
+
+class TestLineTableWidget : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void isSetUpAsAListOfRooms();
+    void drawsATwoPixelLineUnderEveryCellOnly();
+    void restoresThePen();
+    void aMissingPainterIsReported();
+    void allLinesOfACellAreShown_data();
+    void allLinesOfACellAreShown();
+    void aLongLineIsElidedNotWrapped();
+    void anEmptyCellIsLeftAlone();
+
+private:
+    static QStyleOptionViewItem prepared(LineTableWidget &table);
+};
+
+namespace
+{
+/// Opens what the delegate would paint.
+class OpenDelegate : public QLineDelegate
+{
+public:
+    using QLineDelegate::initStyleOption;
+    using QLineDelegate::QLineDelegate;
+};
+} // namespace
+
+QStyleOptionViewItem TestLineTableWidget::prepared(LineTableWidget &table)
+{
+    const OpenDelegate delegate(&table);
+    QStyleOptionViewItem option;
+    option.initFrom(&table);
+    option.rect = QRect(0, 0, 200, 65);
+    option.font = table.font();
+    option.fontMetrics = QFontMetrics(option.font);
+    delegate.initStyleOption(&option, table.model()->index(0, 0));
+    return option;
+}
+
+void TestLineTableWidget::isSetUpAsAListOfRooms()
+{
+    LineTableWidget table;
+    QCOMPARE(table.styleSheet(),
+        QStringLiteral("QTableView{selection-background-color: rgb(130, 127, 146);"
+                       "background-image: url(:/images/HomeTestLstBK.png);}"));
+    QVERIFY(!table.showGrid());
+    QVERIFY(qobject_cast<QLineDelegate *>(table.itemDelegate()));
+    QCOMPARE(table.itemDelegate()->parent(), &table);
+    QCOMPARE(table.font().pointSize(), 11);
+    QCOMPARE(table.verticalScrollBarPolicy(), Qt::ScrollBarAsNeeded);
+    QCOMPARE(table.selectionBehavior(), QAbstractItemView::SelectRows);
+    QCOMPARE(table.selectionMode(), QAbstractItemView::SingleSelection);
+    QCOMPARE(table.editTriggers(), QAbstractItemView::NoEditTriggers);
+    QVERIFY(table.verticalHeader()->isHidden());
+    QVERIFY(table.horizontalHeader()->isHidden());
+    table.setColumnCount(2);
+    QCOMPARE(table.horizontalHeader()->sectionResizeMode(0), QHeaderView::Stretch);
+    QCOMPARE(table.horizontalHeader()->sectionResizeMode(1), QHeaderView::Stretch);
+}
+
+void TestLineTableWidget::drawsATwoPixelLineUnderEveryCellOnly()
+{
+    LineTableWidget table;
+    table.setColumnCount(2);
+    table.setRowCount(2);
+    QImage image(120, 60, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    {
+        QPainter painter(&image);
+        QStyleOptionViewItem option;
+        option.initFrom(&table);
+        option.rect = QRect(10, 10, 100, 40);
+        table.itemDelegate()->paint(&painter, option, table.model()->index(0, 0));
+    }
+    const QColor line(229, 229, 251);
+    int rows = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        const bool isLine = image.pixelColor(60, y) == line;
+        rows += isLine ? 1 : 0;
+        if (isLine)
+            QVERIFY(qAbs(y - 49) <= 1);
+    }
+    QCOMPARE(rows, 2);
+    // No vertical lines: the sides of the cell stay as they were.
+    for (int y = 10; y < 45; ++y) {
+        QVERIFY(image.pixelColor(9, y) != line);
+        QVERIFY(image.pixelColor(10, y) != line);
+        QVERIFY(image.pixelColor(109, y) != line);
+        QVERIFY(image.pixelColor(110, y) != line);
+    }
+}
+
+void TestLineTableWidget::restoresThePen()
+{
+    LineTableWidget table;
+    table.setColumnCount(1);
+    table.setRowCount(1);
+    QImage image(50, 50, QImage::Format_RGB32);
+    QPainter painter(&image);
+    const QPen pen(Qt::red, 7);
+    painter.setPen(pen);
+    QStyleOptionViewItem option;
+    option.rect = QRect(0, 0, 40, 40);
+    table.itemDelegate()->paint(&painter, option, table.model()->index(0, 0));
+    QCOMPARE(painter.pen(), pen);
+}
+
+void TestLineTableWidget::aMissingPainterIsReported()
+{
+    LineTableWidget table;
+    table.setColumnCount(1);
+    table.setRowCount(1);
+    MessageLog log;
+    table.itemDelegate()->paint(nullptr, QStyleOptionViewItem(), table.model()->index(0, 0));
+    QCOMPARE(log.criticals().size(), 1);
+    QVERIFY(log.criticals().first().startsWith(
+        QStringLiteral("NUll pointfile:linetablewidget function:paint line:")));
+}
+
+void TestLineTableWidget::allLinesOfACellAreShown_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("Latin") << QStringLiteral("Kitchen");
+    QTest::newRow("emoji") << QString::fromUtf8("\xf0\x9f\x9b\x8f");
+    QTest::newRow("Chinese") << QString::fromUtf8("\xe5\xaf\x9d\xe5\xae\xa4");
+    QTest::newRow("Arabic") << QString::fromUtf8("\xd8\xba\xd8\xb1\xd9\x81\xd8\xa9");
+    QTest::newRow("long") << QString(5000, QLatin1Char('x'));
+}
+
+void TestLineTableWidget::allLinesOfACellAreShown()
+{
+    QFETCH(QString, name);
+    LineTableWidget table;
+    table.setColumnCount(1);
+    table.setRowCount(1);
+    table.setItem(0, 0, new QTableWidgetItem(name + QStringLiteral("\nNow\nLast")));
+    const QStyleOptionViewItem option = prepared(table);
+    QCOMPARE(option.text.split(QChar::LineSeparator).size(), 3);
+    QVERIFY(option.text.endsWith(QStringLiteral("Last")));
+
+    QTextLayout layout(option.text, option.font);
+    qreal height = 0;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(option.rect.width());
+        height += line.height();
+    }
+    layout.endLayout();
+    QCOMPARE(layout.lineCount(), 3);
+    QVERIFY2(height <= 65, qPrintable(QString::number(height)));
+    QVERIFY(QFontInfo(option.font).pixelSize() >= 8);
+}
+
+void TestLineTableWidget::aLongLineIsElidedNotWrapped()
+{
+    LineTableWidget table;
+    table.setWordWrap(true);
+    table.setColumnCount(1);
+    table.setRowCount(1);
+    table.setItem(0, 0,
+        new QTableWidgetItem(QStringLiteral("word ").repeated(100) + QStringLiteral("\nN/A\nN/A")));
+    const QString first = prepared(table).text.section(QChar::LineSeparator, 0, 0);
+    QVERIFY(first.startsWith(QStringLiteral("word word")));
+    QVERIFY(first.endsWith(QChar(0x2026)));
+    QVERIFY(table.item(0, 0)->text().size() > 500);
+}
+
+void TestLineTableWidget::anEmptyCellIsLeftAlone()
+{
+    LineTableWidget table;
+    table.setColumnCount(1);
+    table.setRowCount(1);
+    QCOMPARE(prepared(table).text, QString());
+}
+
+QTEST_MAIN(TestLineTableWidget)
+#include "tst_linetablewidget.moc"
