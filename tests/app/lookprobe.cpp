@@ -6,6 +6,7 @@
 #include <QHash>
 #include <QHoverEvent>
 #include <QMouseEvent>
+#include <QPalette>
 #include <QPixmap>
 #include <QPushButton>
 #include <QWidget>
@@ -20,6 +21,16 @@ void prepareApplication()
     if (qEnvironmentVariableIsSet("AIRLUME_TEST_SCALE"))
         qputenv("QT_SCALE_FACTOR", qgetenv("AIRLUME_TEST_SCALE"));
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+}
+
+void darkenDesktop()
+{
+    QPalette palette(QColor(0x30, 0x30, 0x38));
+    palette.setColor(QPalette::Base, QColor(0x18, 0x18, 0x20));
+    palette.setColor(QPalette::Text, QColor(0xe8, 0xe8, 0xe8));
+    palette.setColor(QPalette::WindowText, QColor(0xe8, 0xe8, 0xe8));
+    palette.setColor(QPalette::ButtonText, QColor(0xe8, 0xe8, 0xe8));
+    QApplication::setPalette(palette);
 }
 
 QString styleSheet()
@@ -88,9 +99,9 @@ double contrast(const QColor &one, const QColor &other)
     return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
 }
 
-double textContrast(const QImage &blank, const QImage &block)
+QColor textColor(const QImage &blank, const QImage &block)
 {
-    // The text's colour is the one that most of the changed pixels have: the inside of a block.
+    // The inside of a block: the colour that most of the changed pixels have.
     QHash<QRgb, int> changed;
     for (int y = 0; y < block.height(); ++y) {
         for (int x = 0; x < block.width(); ++x) {
@@ -99,14 +110,20 @@ double textContrast(const QImage &blank, const QImage &block)
         }
     }
     if (changed.isEmpty())
-        return 0;
-    const QRgb text = std::max_element(changed.cbegin(), changed.cend()).key();
+        return QColor();
+    return QColor(std::max_element(changed.cbegin(), changed.cend()).key());
+}
 
+double textContrast(const QImage &blank, const QImage &block)
+{
+    const QColor text = textColor(blank, block);
+    if (!text.isValid())
+        return 0;
     double lowest = 21;
     for (int y = 0; y < block.height(); ++y) {
         for (int x = 0; x < block.width(); ++x) {
             if (blank.pixel(x, y) != block.pixel(x, y))
-                lowest = std::min(lowest, contrast(QColor(text), QColor(blank.pixel(x, y))));
+                lowest = std::min(lowest, contrast(text, QColor(blank.pixel(x, y))));
         }
     }
     return lowest;

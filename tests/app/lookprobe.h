@@ -14,6 +14,10 @@ namespace look
 /// the variable AIRLUME_TEST_SCALE asks for.
 void prepareApplication();
 
+/// Gives the application the palette of a dark desktop: whatever the style sheet leaves to the
+/// palette then shows.
+void darkenDesktop();
+
 /// The style sheet as the program applies it.
 QString styleSheet();
 
@@ -41,7 +45,10 @@ double contrast(const QColor &one, const QColor &other);
 /// 0 when they do not differ.
 double textContrast(const QImage &blank, const QImage &block);
 
-/// Three full blocks, for textContrast().
+/// Colour of the text that `block` shows and `blank` does not; invalid when they do not differ.
+QColor textColor(const QImage &blank, const QImage &block);
+
+/// Three full blocks, for textContrast() and textColor().
 QString blocks();
 
 /// As if the mouse had come to `point` of a tab bar or of a view's viewport.

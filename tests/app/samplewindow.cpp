@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QStandardItemModel>
@@ -131,6 +132,8 @@ void SampleWindow::addTabs()
     column->addWidget(progress);
     column->addWidget(enabled);
     column->addWidget(disabled);
+    edit = new QLineEdit(page);
+    column->addWidget(edit);
     column->addStretch();
     layout->addLayout(column);
 

@@ -7,6 +7,7 @@ class QCheckBox;
 class QFrame;
 class QHBoxLayout;
 class QLabel;
+class QLineEdit;
 class QProgressBar;
 class QPushButton;
 class QTableWidget;
@@ -43,6 +44,7 @@ public:
     QPushButton *enabled;
     QPushButton *disabled;
     QTableWidget *rooms;
+    QLineEdit *edit;
 
 private:
     void addTitle();

@@ -21,6 +21,7 @@ public:
     static void initMain() { look::prepareApplication(); }
 
 private slots:
+    void initTestCase() { look::darkenDesktop(); }
     void init();
     void cleanup();
     void theMeasureKnowsTextFromGround();

@@ -20,6 +20,7 @@ public:
     static void initMain() { look::prepareApplication(); }
 
 private slots:
+    void initTestCase() { look::darkenDesktop(); }
     void init();
     void cleanup();
     void theStyleSheetParsesSilently();
@@ -30,6 +31,7 @@ private slots:
     void tabsHaveTheirSizes();
     void theSelectedTabOpensIntoThePane();
     void aLongTitleWidensItsTab();
+    void tabTextsAreDarkGrey();
     void theSelectedTabIsBold();
     void aTabIsLitWhenSelectedOrHovered();
     void progressBarsArePurple();
@@ -143,6 +145,7 @@ void TestLook::tabsHaveTheirSizes()
     QCOMPARE(look::colorAt(picture, QPoint(other.left(), 20)), FrameGrey);
     QCOMPARE(look::colorAt(picture, QPoint(other.right(), 20)), FrameGrey);
     QVERIFY(look::colorAt(picture, other.topLeft() + QPoint(0, 2)) != FrameGrey);
+    QVERIFY(look::colorAt(picture, other.topRight() + QPoint(0, 2)) != FrameGrey);
 }
 
 void TestLook::theSelectedTabOpensIntoThePane()
@@ -162,6 +165,17 @@ void TestLook::aLongTitleWidensItsTab()
     QTabBar *bar = m_window->tabs->tabBar();
     bar->setTabText(1, QString(40, QLatin1Char('m')));
     QVERIFY(bar->tabRect(1).width() > bar->fontMetrics().horizontalAdvance(bar->tabText(1)));
+}
+
+void TestLook::tabTextsAreDarkGrey()
+{
+    QTabBar *bar = m_window->tabs->tabBar();
+    for (int tab : {0, 1}) {
+        bar->setTabText(tab, QString());
+        const QImage blank = look::grab(bar);
+        bar->setTabText(tab, look::blocks());
+        QCOMPARE(look::textColor(blank, look::grab(bar)), QColor(0x32, 0x32, 0x32));
+    }
 }
 
 void TestLook::theSelectedTabIsBold()
@@ -188,17 +202,19 @@ void TestLook::theSelectedTabIsBold()
 void TestLook::aTabIsLitWhenSelectedOrHovered()
 {
     QTabBar *bar = m_window->tabs->tabBar();
-    const auto lamp = [bar](int tab) {
+    const auto has = [bar](int tab, const QColor &color, int aside) {
         const QRect rect = bar->tabRect(tab);
         const QImage picture = look::grab(bar);
         for (int y = rect.top(); y < rect.top() + 8; ++y) {
-            if (look::same(look::colorAt(picture, QPoint(rect.center().x() - 20, y)), LampPurple))
+            if (look::same(look::colorAt(picture, QPoint(rect.center().x() - aside, y)), color))
                 return true;
         }
         return false;
     };
+    const auto lamp = [&has](int tab) { return has(tab, LampPurple, 20); };
     QVERIFY(lamp(0));
     QVERIFY(!lamp(1));
+    QVERIFY(has(1, QColor(0xd2, 0xcd, 0xe2), 0));
     look::hoverView(bar, bar->tabRect(1).center());
     QVERIFY(lamp(1));
     QVERIFY(!lamp(2));
@@ -257,6 +273,14 @@ void TestLook::labelsHaveTheirColoursAndFonts()
     QVERIFY(connected->font().bold());
     for (const QLabel *label : {m_window->status, m_window->version})
         QCOMPARE(label->palette().color(QPalette::WindowText), QColor(Qt::white));
+    m_window->status->setText(QString());
+    const QImage blank = look::grab(m_window->status);
+    m_window->status->setText(look::blocks());
+    const QImage block = look::grab(m_window->status);
+    int first = 0;
+    while (first < 30 && look::colorAt(blank, {first, 10}) == look::colorAt(block, {first, 10}))
+        ++first;
+    QVERIFY2(first >= 10 && first <= 18, qPrintable(QString::number(first)));
     QCOMPARE(m_window->version->alignment(), Qt::AlignVCenter | Qt::AlignRight);
 }
 

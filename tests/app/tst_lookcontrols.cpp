@@ -2,11 +2,17 @@
 #include "app/samplewindow.h"
 
 #include <QCheckBox>
+#include <QHeaderView>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QStandardItemModel>
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QStyleOptionSlider>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTableWidget>
 #include <QTreeView>
 #include <QtTest>
 
@@ -20,11 +26,15 @@ public:
     static void initMain() { look::prepareApplication(); }
 
 private slots:
+    void initTestCase() { look::darkenDesktop(); }
     void init();
     void cleanup();
     void theListHasAFrameAndAWhiteHeader();
+    void headersAreBoldAndSmall();
+    void rowTextsAreDark();
     void rowsAre24PixelsHigh();
     void aHoveredRowIsGrey();
+    void aRowHasOneFrame();
     void aSelectedRowIsBlue_data();
     void aSelectedRowIsBlue();
     void theScrollBarHasItsSizeAndColours();
@@ -34,6 +44,10 @@ private slots:
     void checkBoxesShowTheirPictures();
     void pushButtonsArePurple();
     void pushButtonStatesDiffer();
+    void aDisabledPushButtonIsGreyWithWhiteText();
+    void focusShowsInPurpleOrWhite_data();
+    void focusShowsInPurpleOrWhite();
+    void textFieldsSelectInPurple();
     void aFocusedPushButtonKeepsItsSize();
     void captionButtonsShowTheirPictures_data();
     void captionButtonsShowTheirPictures();
@@ -68,7 +82,44 @@ void TestLookControls::theListHasAFrameAndAWhiteHeader()
     QCOMPARE(look::colorAt(picture, QPoint(right, middle)), FrameGrey);
     QCOMPARE(look::colorAt(picture, QPoint(1, middle)), QColor(Qt::white));
     QVERIFY(look::colorAt(picture, QPoint(0, 0)) != FrameGrey);
+    QVERIFY(look::colorAt(picture, QPoint(right, 0)) != FrameGrey);
     QCOMPARE(look::colorAt(picture, QPoint(30, 10)), QColor(Qt::white));
+}
+
+void TestLookControls::headersAreBoldAndSmall()
+{
+    QTreeView *list = m_window->list;
+    list->header()->setStyleSheet(QString());
+    auto *model = qobject_cast<QStandardItemModel *>(list->model());
+    const auto picture = [&](const QString &text) {
+        model->setHorizontalHeaderItem(1, new QStandardItem(text));
+        return look::grab(list->header());
+    };
+    const QImage blank = picture(QString());
+    const QImage block = picture(look::blocks());
+    QCOMPARE(look::textColor(blank, block), QColor(0x24, 0x21, 0x2f));
+
+    QFont font = list->font();
+    font.setPointSize(8);
+    font.setBold(true);
+    const int width = QFontMetrics(font).horizontalAdvance(look::blocks());
+    const int y = list->header()->height() / 2;
+    int inked = 0;
+    for (int x = 0; x < list->header()->width(); ++x) {
+        if (look::colorAt(block, QPoint(x, y)) != look::colorAt(blank, QPoint(x, y)))
+            ++inked;
+    }
+    QVERIFY2(qAbs(inked - width) <= 2, qPrintable(QStringLiteral("%1 %2").arg(inked).arg(width)));
+}
+
+void TestLookControls::rowTextsAreDark()
+{
+    QTreeView *list = m_window->list;
+    const QModelIndex index = list->model()->index(1, 1);
+    list->model()->setData(index, QString());
+    const QImage blank = look::grab(list);
+    list->model()->setData(index, look::blocks());
+    QCOMPARE(look::textColor(blank, look::grab(list)), QColor(0x24, 0x21, 0x2f));
 }
 
 void TestLookControls::rowsAre24PixelsHigh()
@@ -90,6 +141,18 @@ void TestLookControls::aHoveredRowIsGrey()
         look::colorAt(picture, QPoint(cell.right() - 5, cell.top())), QColor(0xbf, 0xcd, 0xe4));
     QCOMPARE(
         look::colorAt(picture, QPoint(cell.right() - 5, cell.bottom())), QColor(0xbf, 0xcd, 0xe4));
+}
+
+void TestLookControls::aRowHasOneFrame()
+{
+    QTreeView *list = m_window->list;
+    const QModelIndex index = list->model()->index(3, 2);
+    const QRect cell = list->visualRect(index);
+    look::hoverView(list->viewport(), cell.center());
+    const QImage hovered = look::grab(list->viewport());
+    const QColor grey(0xda, 0xda, 0xda);
+    QCOMPARE(look::colorAt(hovered, QPoint(cell.left(), cell.center().y())), grey);
+    QCOMPARE(look::colorAt(hovered, QPoint(cell.right(), cell.center().y())), grey);
 }
 
 void TestLookControls::aSelectedRowIsBlue_data()
@@ -130,6 +193,7 @@ void TestLookControls::theScrollBarHasItsSizeAndColours()
     QCOMPARE(look::colorAt(picture, QPoint(8, 30)), QColor(217, 217, 217));
     QCOMPARE(look::colorAt(picture, QPoint(8, bar->height() - 20)), QColor(242, 242, 242));
     QCOMPARE(look::colorAt(picture, QPoint(0, 2)), QColor(242, 242, 242));
+    QCOMPARE(look::colorAt(picture, QPoint(1, 30)), QColor(242, 242, 242));
 }
 
 void TestLookControls::theScrollBarHandleStaysAtLeast20PixelsLong()
@@ -226,6 +290,65 @@ void TestLookControls::pushButtonStatesDiffer()
     }
 }
 
+void TestLookControls::aDisabledPushButtonIsGreyWithWhiteText()
+{
+    QPushButton *button = m_window->disabled;
+    button->setText(QString());
+    const QImage blank = look::grab(button);
+    const QColor ground = look::colorAt(blank, QPoint(20, button->height() / 2));
+    QVERIFY(ground.saturation() < 60);
+    QVERIFY(look::colorAt(blank, QPoint(20, 0)).saturation() < 60);
+    button->setText(look::blocks());
+    QCOMPARE(look::textColor(blank, look::grab(button)), QColor(Qt::white));
+}
+
+void TestLookControls::focusShowsInPurpleOrWhite_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QColor>("color");
+    for (const char *kind : {"caption button", "tab bar", "check box"})
+        QTest::newRow(kind) << QString::fromLatin1(kind) << QColor(0x54, 0x43, 0x9f);
+    QTest::newRow("list") << QStringLiteral("list") << QColor(0x8d, 0x7f, 0xc4);
+    QTest::newRow("push button") << QStringLiteral("push button") << QColor(Qt::white);
+}
+
+void TestLookControls::focusShowsInPurpleOrWhite()
+{
+    QFETCH(QString, kind);
+    QFETCH(QColor, color);
+    const QHash<QString, QWidget *> widgets{
+        {QStringLiteral("caption button"), m_window->maximize},
+        {QStringLiteral("tab bar"), m_window->tabs->tabBar()},
+        {QStringLiteral("check box"), m_window->checkAll},
+        {QStringLiteral("list"), m_window->list},
+        {QStringLiteral("push button"), m_window->enabled},
+    };
+    QWidget *widget = widgets.value(kind);
+    if (kind == QLatin1String("push button"))
+        m_window->enabled->setText(QString());
+    const auto pixels = [&] {
+        const QImage picture = look::grab(widget);
+        int count = 0;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x)
+                count += look::same(picture.pixelColor(x, y), color) ? 1 : 0;
+        }
+        return count;
+    };
+    m_window->rooms->setFocus();
+    const int before = pixels();
+    widget->setFocus();
+    QVERIFY(widget->hasFocus());
+    QVERIFY(pixels() >= before + 15);
+}
+
+void TestLookControls::textFieldsSelectInPurple()
+{
+    const QPalette palette = m_window->edit->palette();
+    QCOMPARE(palette.color(QPalette::Highlight), QColor(64, 48, 145));
+    QCOMPARE(palette.color(QPalette::HighlightedText), QColor(Qt::white));
+}
+
 void TestLookControls::aFocusedPushButtonKeepsItsSize()
 {
     QPushButton *button = m_window->enabled;
@@ -264,6 +387,8 @@ void TestLookControls::captionButtonsShowTheirPictures()
     QVERIFY(look::shows(
         look::grab(button), look::image(m_window.get(), picture + QStringLiteral("_hover"))));
     button->setDown(true);
+    // Nothing is drawn around the picture, whose corners are round.
+    QCOMPARE(look::grab(button).pixelColor(0, 0).alpha(), 0);
     QVERIFY(look::shows(
         look::grab(button), look::image(m_window.get(), picture + QStringLiteral("_press"))));
 }
