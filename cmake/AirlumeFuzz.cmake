@@ -27,7 +27,7 @@ function(airlume_add_fuzz_test)
     set(libraries "")
     foreach(library IN LISTS ARG_LIBRARIES)
         list(APPEND ARG_INCLUDE_DIRECTORIES
-            "-I$<JOIN:$<TARGET_PROPERTY:${library},INTERFACE_INCLUDE_DIRECTORIES>,;-I>")
+            "-I$<JOIN:$<TARGET_PROPERTY:${library},INTERFACE_INCLUDE_DIRECTORIES>,$<SEMICOLON>-I>")
         list(APPEND libraries "$<TARGET_FILE:${library}>")
     endforeach()
     set(headers "")
@@ -44,12 +44,13 @@ function(airlume_add_fuzz_test)
         COMMENT "Building the fuzz target ${ARG_NAME}")
     add_custom_target(${ARG_NAME} ALL DEPENDS "${program}")
 
-    # Named in a file, so that nothing new is written into the source tree.
+    # A finding ends with 1: the fuzzer's own 77 would count as skipped.
+    # The seeds are named in a file, so that nothing new is written into the source tree.
     list(JOIN ARG_SEEDS "," seeds)
     file(WRITE "${program}.seeds" "${seeds}")
     airlume_register_test(NAME ${ARG_NAME} TIMEOUT 300 LABELS fuzz
         COMMAND "${program}" -runs=${ARG_RUNS} -seed=1 -max_len=${ARG_MAX_LENGTH} -timeout=20
-            -verbosity=1 "-seed_inputs=@${program}.seeds" "-artifact_prefix=${program}.")
+            -error_exitcode=1 -verbosity=1 "-seed_inputs=@${program}.seeds" "-artifact_prefix=${program}.")
 endfunction()
 
 # Looks for a clang that can build and link fuzz targets, once. Sets AIRLUME_FUZZ_CXX and

@@ -6,9 +6,6 @@
 function(airlume_add_test)
     cmake_parse_arguments(ARG "" "NAME;TIMEOUT" "SOURCES;LIBRARIES;ENVIRONMENT;LABELS;ARGUMENTS"
         ${ARGN})
-    if(NOT ARG_TIMEOUT)
-        set(ARG_TIMEOUT 120)
-    endif()
     add_executable(${ARG_NAME} ${ARG_SOURCES})
     set_target_properties(${ARG_NAME} PROPERTIES
         RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests/${ARG_NAME}.d")
@@ -17,7 +14,7 @@ function(airlume_add_test)
         AIRLUME_BUILD_DIR="${PROJECT_BINARY_DIR}"
         AIRLUME_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
     target_link_libraries(${ARG_NAME} PRIVATE airlume_options Qt5::Test ${ARG_LIBRARIES})
-    airlume_register_test(NAME ${ARG_NAME} TIMEOUT ${ARG_TIMEOUT} LABELS ${ARG_LABELS}
+    airlume_register_test(NAME ${ARG_NAME} TIMEOUT "${ARG_TIMEOUT}" LABELS ${ARG_LABELS}
         ENVIRONMENT ${ARG_ENVIRONMENT} COMMAND $<TARGET_FILE:${ARG_NAME}> ${ARG_ARGUMENTS})
 endfunction()
 
@@ -26,6 +23,9 @@ endfunction()
 # Any command as a test, in the same private surroundings.
 function(airlume_register_test)
     cmake_parse_arguments(ARG "" "NAME;TIMEOUT" "COMMAND;ENVIRONMENT;LABELS" ${ARGN})
+    if(NOT ARG_TIMEOUT)
+        set(ARG_TIMEOUT 120)
+    endif()
     add_test(NAME ${ARG_NAME}
         COMMAND "${PROJECT_SOURCE_DIR}/tests/isolated.sh" ${ARG_COMMAND})
     set_tests_properties(${ARG_NAME} PROPERTIES
