@@ -1,4 +1,5 @@
 #include "app/elidedlabel.h"
+#include "app/ink.h"
 
 #include <QHBoxLayout>
 #include <QHelpEvent>
@@ -9,21 +10,6 @@ namespace
 {
 const QString LongName(10000, QLatin1Char('W'));
 const QString Hebrew = QStringLiteral("\u05e8\u05e9\u05ea \u05d1\u05d9\u05ea\u05d9\u05ea");
-
-/// Where `label` is not its background; empty when it draws nothing.
-QRect ink(ElidedLabel &label)
-{
-    const QImage picture = label.grab().toImage();
-    const QRgb background = picture.pixel(0, 0);
-    QRect drawn;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            if (picture.pixel(x, y) != background)
-                drawn |= QRect(x, y, 1, 1);
-        }
-    }
-    return drawn;
-}
 
 /// Points at `label` for as long as a tool tip takes; false when the event was not taken.
 bool pointAt(ElidedLabel &label)
@@ -130,7 +116,7 @@ void TestElidedLabel::elidesALongText()
 {
     m_label->setText(LongName);
     const QImage elided = m_label->grab().toImage();
-    QVERIFY(ink(*m_label).right() < m_label->width());
+    QVERIFY(inkOf(m_label.data()).right() < m_label->width());
     const QString shown =
         m_label->fontMetrics().elidedText(LongName.left(256), Qt::ElideRight, m_label->width());
     QVERIFY(shown.endsWith(QChar(0x2026)));
@@ -153,7 +139,7 @@ void TestElidedLabel::keepsToOneLine()
     QFETCH(QString, text);
     m_label->resize(400, 120);
     m_label->setText(text);
-    const QRect drawn = ink(*m_label);
+    const QRect drawn = inkOf(m_label.data());
     QVERIFY(!drawn.isEmpty());
     QVERIFY2(drawn.height() <= 2 * m_label->fontMetrics().height(),
         qPrintable(QString::number(drawn.height())));
@@ -163,35 +149,35 @@ void TestElidedLabel::keepsToOneLine()
 void TestElidedLabel::drawsMarkupLiterally()
 {
     m_label->setText(QStringLiteral("i"));
-    const int bare = ink(*m_label).width();
+    const int bare = inkOf(m_label.data()).width();
     m_label->setText(QStringLiteral("<b>i</b>"));
-    QVERIFY(ink(*m_label).width() > 5 * bare);
+    QVERIFY(inkOf(m_label.data()).width() > 5 * bare);
     // And without the marks that labels turn into underlines.
     m_label->setText(QStringLiteral("i&i"));
-    QVERIFY(ink(*m_label).width() > 3 * bare);
+    QVERIFY(inkOf(m_label.data()).width() > 3 * bare);
 }
 
 void TestElidedLabel::standsWhereTheAlignmentSays()
 {
     m_label->setText(QStringLiteral("Home"));
     m_label->setAlignment(Qt::AlignCenter);
-    const QPoint centre = ink(*m_label).center();
+    const QPoint centre = inkOf(m_label.data()).center();
     QVERIFY(qAbs(centre.x() - m_label->rect().center().x()) <= 1);
     m_label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    QVERIFY(ink(*m_label).right() > m_label->width() - 5);
+    QVERIFY(inkOf(m_label.data()).right() > m_label->width() - 5);
     m_label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    QVERIFY(ink(*m_label).left() < 5);
+    QVERIFY(inkOf(m_label.data()).left() < 5);
 }
 
 void TestElidedLabel::rightToLeftTextStandsOnTheRight()
 {
     m_label->setText(Hebrew);
-    QVERIFY(ink(*m_label).right() > m_label->width() - 5);
+    QVERIFY(inkOf(m_label.data()).right() > m_label->width() - 5);
     // The interface's direction does not matter, only the text's own.
     m_label->setLayoutDirection(Qt::RightToLeft);
-    QVERIFY(ink(*m_label).right() > m_label->width() - 5);
+    QVERIFY(inkOf(m_label.data()).right() > m_label->width() - 5);
     m_label->setText(QStringLiteral("Home"));
-    QVERIFY(ink(*m_label).left() < 5);
+    QVERIFY(inkOf(m_label.data()).left() < 5);
 }
 
 void TestElidedLabel::cannotBeTurnedByDirectionMarks()
