@@ -5,6 +5,7 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdio>
+#include <ctime>
 #include <functional>
 #include <utility>
 #include <vector>
@@ -13,19 +14,17 @@
 namespace SideBySide
 {
 
-/// Median wall time of one call of each, in µs.
-inline std::pair<double, double> compare(
-    std::size_t rounds, const std::function<void()> &ours, const std::function<void()> &bare)
+/// Median time of one call of each, in µs, by a clock that gives µs.
+inline std::pair<double, double> compareBy(const std::function<double()> &clock, std::size_t rounds,
+    const std::function<void()> &ours, const std::function<void()> &bare)
 {
-    using Clock = std::chrono::steady_clock;
     std::vector<double> times[2];
     for (std::size_t round = 0; round < rounds; ++round) {
         int which = 0;
         for (const auto *work : {&ours, &bare}) {
-            const Clock::time_point start = Clock::now();
+            const double start = clock();
             (*work)();
-            times[which++].push_back(
-                std::chrono::duration<double, std::micro>(Clock::now() - start).count());
+            times[which++].push_back(clock() - start);
         }
     }
     for (auto &list : times) {
@@ -33,6 +32,27 @@ inline std::pair<double, double> compare(
             list.begin(), list.begin() + static_cast<std::ptrdiff_t>(rounds / 2), list.end());
     }
     return {times[0][rounds / 2], times[1][rounds / 2]};
+}
+
+/// Median wall time of one call of each, in µs.
+inline std::pair<double, double> compare(
+    std::size_t rounds, const std::function<void()> &ours, const std::function<void()> &bare)
+{
+    return compareBy(
+        [] {
+            return std::chrono::duration<double, std::micro>(
+                std::chrono::steady_clock::now().time_since_epoch())
+                .count();
+        },
+        rounds, ours, bare);
+}
+
+/// Median processor time of one call of each, in µs: other work on the machine does not count.
+inline std::pair<double, double> compareProcessor(
+    std::size_t rounds, const std::function<void()> &ours, const std::function<void()> &bare)
+{
+    return compareBy([] { return static_cast<double>(std::clock()) * 1e6 / CLOCKS_PER_SEC; },
+        rounds, ours, bare);
 }
 
 /// One line of the result: ours, bare, ours / bare.

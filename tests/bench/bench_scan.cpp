@@ -1,0 +1,86 @@
+// What one pass of the scan thread costs, beside reading the same maps into plain records, and how
+// that grows with the number of networks.
+
+#include "bench/sidebyside.h"
+#include "scan/signalscanthread.h"
+#include "support/testair.h"
+
+#include <QCoreApplication>
+
+#include <memory>
+#include <vector>
+
+namespace
+{
+/// The scan thread, one pass at a time, with one receiver that keeps the records.
+class SteppedThread : public SignalScanThread
+{
+public:
+    explicit SteppedThread(const QList<ScanMap> &maps)
+        : SignalScanThread(nullptr)
+    {
+        connect(this, &SignalScanThread::dataReturned, this,
+            [this](const QVector<WifiProperty> &networks) { m_records = networks; });
+        onNicChanged(QStringLiteral("wlan0"));
+        onVisiableMapListReturned(maps);
+    }
+
+    using SignalScanThread::pass;
+
+private:
+    QVector<WifiProperty> m_records;
+};
+
+QVector<WifiProperty> plainRecords(const QList<ScanMap> &maps)
+{
+    QVector<WifiProperty> records;
+    for (const ScanMap &map : maps) {
+        WifiProperty record;
+        record.ssid = map.value(QStringLiteral("ssid"));
+        record.bssid = map.value(QStringLiteral("bssid"));
+        record.connected = map.value(QStringLiteral("current_connected")) == QLatin1String("1");
+        record.security = map.value(QStringLiteral("security_mode"));
+        record.rssi = map.value(QStringLiteral("WLAN_NETWORK_SIGNAL")).toInt();
+        record.channel = map.value(QStringLiteral("channel")).toInt();
+        records.append(record);
+    }
+    return records;
+}
+
+/// `names`: how many different names the maps have, in turns.
+QList<ScanMap> scanMaps(int count, int names)
+{
+    QList<ScanMap> maps;
+    for (int i = 0; i < count; ++i) {
+        maps.append(TestAir::scanMap(QStringLiteral("Network %1").arg(i % names),
+            QStringLiteral("06:00:00:00:%1").arg(i, 4, 16, QLatin1Char('0'))));
+    }
+    return maps;
+}
+
+void benchFreshPass(const QString &what, const QList<ScanMap> &maps, std::size_t rounds)
+{
+    // Only the first pass of a thread is surely a fresh one.
+    std::vector<std::unique_ptr<SteppedThread>> threads;
+    for (std::size_t round = 0; round < rounds; ++round)
+        threads.push_back(std::make_unique<SteppedThread>(maps));
+    auto next = threads.begin();
+    SideBySide::report(
+        qPrintable(what), SideBySide::compareProcessor(
+                              rounds, [&] { (*next++)->pass(); }, [&] { plainRecords(maps); }));
+}
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const QCoreApplication application(argc, argv);
+    std::printf("%-52s %13s  %13s  %6s\n", "", "ours", "bare", "ratio");
+    for (int count : {15, 300, 1000, 5000}) {
+        benchFreshPass(QStringLiteral("scan pass, %1 maps").arg(count), scanMaps(count, count), 41);
+    }
+    for (int count : {15, 300, 1000, 5000}) {
+        benchFreshPass(
+            QStringLiteral("scan pass, %1 maps of one name").arg(count), scanMaps(count, 1), 5);
+    }
+    return 0;
+}

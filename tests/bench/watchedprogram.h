@@ -1,0 +1,45 @@
+#ifndef AIRLUME_TESTS_BENCH_WATCHEDPROGRAM_H
+#define AIRLUME_TESTS_BENCH_WATCHEDPROGRAM_H
+
+#include <QProcess>
+#include <QTemporaryDir>
+
+/// A program as a process of its own, in a home of its own, with the watch plug-in in it. Ended by
+/// the destructor.
+class WatchedProgram
+{
+public:
+    /// When the first window stood painted.
+    struct FirstPaint {
+        double wallMs = 0.; ///< Since the program was started.
+        double cpuMs = 0.;  ///< Processor time of the program.
+    };
+
+    /// Resident memory in MB (2²⁰ octets).
+    struct Memory {
+        double resident = 0.;  ///< With what is shared with other programs.
+        double anonymous = 0.; ///< The program's own.
+    };
+
+    /// `networks`: how many made-up ones the simulated back end reports.
+    WatchedProgram(const QString &program, int networks);
+    ~WatchedProgram();
+
+    /// Starts the program and waits for its first painted window; without one the benchmark ends.
+    FirstPaint start();
+    /// Sends a command to the watch plug-in; its answer.
+    qint64 ask(const QByteArray &command);
+
+    Memory memory() const;
+    /// Processor time that the program and the kernel for it have used, in ms.
+    double cpuMs() const;
+
+private:
+    QByteArray readLine();
+    QByteArray procFile(const char *name) const;
+
+    QTemporaryDir m_folder;
+    QProcess m_process;
+};
+
+#endif
