@@ -280,6 +280,7 @@ void TestSignalHomeTestingWgt::thePictureNeverHoldsTheWindowOpen()
     window.show();
     m_panel->ResMaxWindow();
     QVERIFY(picture()->height() > 800);
+    QCoreApplication::processEvents();
     window.resize(1100, 400);
     QCOMPARE(window.size(), QSize(1100, 400));
     m_panel->ResRestoreWindow();
