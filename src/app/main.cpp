@@ -1,4 +1,5 @@
 #include "app/airlume.h"
+#include "app/airlumestyle.h"
 #include "app/ipclocalserver.h"
 #include "app/placement.h"
 
@@ -6,6 +7,7 @@
 #include <QDesktopWidget>
 #include <QIcon>
 #include <QLocalSocket>
+#include <QStyle>
 #include <QTextCodec>
 
 namespace
@@ -27,6 +29,9 @@ int main(int argc, char *argv[])
     if (probe.waitForConnected(ProbeTimeoutMs))
         return 0;
 
+    QApplication::setStyle(new AirlumeStyle);
+    // Not the desktop's palette: the style sheet's light grounds would meet a dark desktop's texts.
+    QApplication::setPalette(QApplication::style()->standardPalette());
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/images/airlume.png")));
     Airlume window;
     window.show();
