@@ -59,6 +59,7 @@ Airlume::Airlume(QWidget *parent)
     // Narrower than the minimum width, which wins.
     setMaximumSize(NormalMaximumSize);
     resize(MinimumWidth, NormalMaximumSize.height());
+    m_pTreeView->setFocus();
     m_pScanThread->start();
     m_pNetworkScanThread->start();
 }

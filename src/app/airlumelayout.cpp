@@ -16,7 +16,6 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QPixmap>
 #include <QPushButton>
 #include <QStackedLayout>
 #include <QTabWidget>
@@ -75,7 +74,7 @@ QFrame *Airlume::buildTitleBar()
     m_pLogo = new QLabel;
     m_pLogo->setObjectName(QStringLiteral("logo"));
     m_pLogo->setMinimumHeight(TitleHeight);
-    m_pLogo->setPixmap(QPixmap(QStringLiteral(":/images/logo.png")));
+    // The style sheet draws the picture.
     row->addWidget(m_pLogo);
     row->addItem(new QSpacerItem(840, 17, QSizePolicy::Expanding, QSizePolicy::Minimum));
 
@@ -114,6 +113,8 @@ QPushButton *Airlume::makeCaptionButton(const char *objectName, const char *acce
     // Flat, since the style sheet makes other push buttons at least 65 px wide.
     button->setFlat(true);
     button->setFixedSize(20, 20);
+    // A click leaves the focus where it was; the keyboard still reaches the button.
+    button->setFocusPolicy(Qt::TabFocus);
     return button;
 }
 
