@@ -31,6 +31,8 @@ SignalTreeView::SignalTreeView(QWidget *parent)
     setSortingEnabled(true);
     sortByColumn(SignalMode::SsidColumn, Qt::AscendingOrder);
     setUpHeader();
+    // A symbol from another font must not make its row higher than the others.
+    setUniformRowHeights(true);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     retranslateUi();
 
