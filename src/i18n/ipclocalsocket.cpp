@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QLocalSocket>
 #include <QTextStream>
+#include <QTimer>
 
 namespace
 {
@@ -25,7 +26,13 @@ IpcLocalSocket::IpcLocalSocket(const QString &name)
     m_pSocket->connectToServer(m_strServerName, QIODevice::ReadWrite);
     if (m_pSocket->waitForConnected(ConnectTimeoutMs))
         RequestLanguage();
+    else
+        // A busy host leaves the socket trying on, for half a minute and at full speed.
+        m_pSocket->close();
     connect(m_pSocket, SIGNAL(readyRead()), this, SLOT(slotReadyRead()));
+    // An early answer may have been read while the request was written, with nobody listening.
+    if (m_pSocket->bytesAvailable() > 0)
+        QTimer::singleShot(0, m_pSocket, SIGNAL(readyRead()));
 }
 
 IpcLocalSocket::~IpcLocalSocket()

@@ -1,6 +1,7 @@
 #include "common/QtCommonTools.h"
 #include "i18n/ipclocalsocket.h"
 #include "i18n/languagelabels.h"
+#include "support/busyhost.h"
 #include "support/messagelog.h"
 
 #include <QLocalServer>
@@ -31,6 +32,8 @@ private slots:
     void exitMessageQuitsTheEventLoop();
     void hostThatDiesChangesNothing();
     void answersBeforeTheEventLoopRunsAreNotLost();
+    void answersThatOutrunTheRequestAreNotLost();
+    void busyHostIsGivenUpAfterASecond();
     void releaseIsIdempotent();
     void reportsASlotCallWithoutASender();
 
@@ -229,6 +232,49 @@ void TestIpcLocalSocket::answersBeforeTheEventLoopRunsAreNotLost()
     });
     m_socket.reset(new IpcLocalSocket(QStringLiteral("TestHost")));
     QTRY_COMPARE(m_socket->GetLang(), QStringLiteral("tur"));
+}
+
+void TestIpcLocalSocket::answersThatOutrunTheRequestAreNotLost()
+{
+    m_server.reset();
+    // Answers in the moment in which the connection comes, on a thread of its own: some of these
+    // answers are there before the request is written.
+    QAtomicInt ending;
+    BusyHost host("TestHost");
+    QVERIFY(host.isFull());
+    QVERIFY(!host.accept(0));
+    QScopedPointer<QThread> answering(QThread::create([&] {
+        while (!ending.loadAcquire()) {
+            if (host.accept(20))
+                host.say("IpcResponseLanguage:tur");
+        }
+    }));
+    answering->start();
+    int lost = 0;
+    for (int i = 0; i < 300 && lost == 0; ++i) {
+        IpcLocalSocket socket(QStringLiteral("TestHost"));
+        if (!QTest::qWaitFor([&] { return socket.GetLang() == QStringLiteral("tur"); }, 5000))
+            ++lost;
+    }
+    ending.storeRelease(1);
+    QVERIFY(answering->wait());
+    QCOMPARE(lost, 0);
+}
+
+void TestIpcLocalSocket::busyHostIsGivenUpAfterASecond()
+{
+    m_server.reset();
+    BusyHost host("TestHost");
+    QVERIFY(host.isFull());
+    QElapsedTimer timer;
+    timer.start();
+    m_socket.reset(new IpcLocalSocket(QStringLiteral("TestHost")));
+    QVERIFY(timer.elapsed() >= 1000);
+    QCOMPARE(m_socket->GetLang(), QStringLiteral("enu"));
+    // It has given up for good: no connection comes, although there is room for it now.
+    QVERIFY(!host.accept(0));
+    QTest::qWait(300);
+    QVERIFY(!host.accept(0));
 }
 
 void TestIpcLocalSocket::releaseIsIdempotent()
