@@ -94,10 +94,11 @@ void SignalScanThread::scanNetwork()
     }
 
     QVector<WifiProperty> result;
+    QHash<QString, TriedNames> tried;
     for (const ScanMap &map : qAsConst(m_mapList)) {
         const QString bssid = map.value(QStringLiteral("bssid"));
         QString name = map.value(QStringLiteral("ssid"));
-        if (!makeUnique(name, bssid))
+        if (!makeUnique(name, bssid, tried))
             continue;
 
         WifiProperty property;
@@ -125,13 +126,28 @@ void SignalScanThread::scanNetwork()
 
 /// Appends blanks to `name` until this pass has not used it. False when the access point was taken
 /// already under one of the names tried.
-bool SignalScanThread::makeUnique(QString &name, const QString &bssid) const
+///
+/// A name once taken stays taken for the pass. So the next access point of the same name goes on
+/// where the last one stopped: a crowd of hidden networks would take minutes otherwise.
+bool SignalScanThread::makeUnique(
+    QString &name, const QString &bssid, QHash<QString, TriedNames> &tried) const
 {
-    for (auto used = m_ssidToBssid.constFind(name); used != m_ssidToBssid.constEnd();
-         used = m_ssidToBssid.constFind(name)) {
-        if (used.value() == bssid)
-            return false;
-        name.append(QLatin1Char(' '));
+    auto used = m_ssidToBssid.constFind(name);
+    if (used == m_ssidToBssid.constEnd())
+        return true;
+
+    TriedNames &names = tried[name];
+    if (names.bssids.contains(bssid))
+        return false;
+    if (!names.reached.isEmpty()) {
+        name = names.reached;
+        used = m_ssidToBssid.constFind(name);
     }
-    return true;
+    while (used != m_ssidToBssid.constEnd() && used.value() != bssid) {
+        names.bssids.insert(used.value());
+        name.append(QLatin1Char(' '));
+        used = m_ssidToBssid.constFind(name);
+    }
+    names.reached = name;
+    return used == m_ssidToBssid.constEnd();
 }

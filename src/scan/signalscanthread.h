@@ -4,7 +4,9 @@
 #include "scan/wifiapiinterface.h"
 #include "scan/wifiproperty.h"
 
+#include <QHash>
 #include <QMutex>
+#include <QSet>
 #include <QThread>
 
 #include <atomic>
@@ -53,7 +55,12 @@ protected:
 
 private:
     void scanNetwork();
-    bool makeUnique(QString &name, const QString &bssid) const;
+    /// What has been found out about the names tried for one name from the air.
+    struct TriedNames {
+        QString reached;      ///< The longest one tried; those before it are all taken.
+        QSet<QString> bssids; ///< Who took those before it.
+    };
+    bool makeUnique(QString &name, const QString &bssid, QHash<QString, TriedNames> &tried) const;
 
     QString m_nic;
     // The one flag that both threads touch without the lock.

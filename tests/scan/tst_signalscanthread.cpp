@@ -67,6 +67,7 @@ private slots:
     void onlyTheExactTextOneIsJoined();
     void makesNamesUnique_data();
     void makesNamesUnique();
+    void makesNamesUniqueInACrowd();
     void limitsTheJoinedSignal_data();
     void limitsTheJoinedSignal();
     void readsTheLinkRate_data();
@@ -201,6 +202,36 @@ void TestSignalScanThread::makesNamesUnique()
     thread.onVisiableMapListReturned(maps);
     thread.step();
     QCOMPARE(ssids(thread.data), names);
+}
+
+void TestSignalScanThread::makesNamesUniqueInACrowd()
+{
+    // Few names, some with blanks of their own, and few addresses: names run into each other, and
+    // the same access point comes under several of them.
+    const QStringList names{QString(), QStringLiteral(" "), QStringLiteral("A"),
+        QStringLiteral("A "), QStringLiteral("A     "), QStringLiteral("B")};
+    QList<ScanMap> maps;
+    QMap<QString, QString> taken;
+    QStringList expected;
+    quint32 random = 1;
+    for (int i = 0; i < 600; ++i) {
+        random = random * 1664525 + 1013904223;
+        QString name = names.at(static_cast<int>((random >> 8) % 6));
+        const QString bssid = QString::number((random >> 16) % 97);
+        maps.append(TestAir::scanMap(name, bssid));
+        while (taken.contains(name) && taken.value(name) != bssid)
+            name.append(QLatin1Char(' '));
+        if (taken.contains(name))
+            continue;
+        taken.insert(name, bssid);
+        expected.append(name);
+    }
+    QVERIFY(expected.size() > 100 && expected.size() < 600);
+
+    SteppedThread thread;
+    thread.onVisiableMapListReturned(maps);
+    thread.step();
+    QCOMPARE(ssids(thread.data), expected);
 }
 
 void TestSignalScanThread::limitsTheJoinedSignal_data()
