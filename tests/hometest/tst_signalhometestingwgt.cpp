@@ -43,7 +43,6 @@ private slots:
     void loadingAgainReplacesTheRows();
     void aNewLanguageTranslatesButtonsAndDialogs();
     void missingWidgetsAreReported();
-    void valuesThatAreNotThereAreSkipped();
 
 private:
     LineTableWidget *table() const { return m_panel->findChild<LineTableWidget *>(); }
@@ -389,14 +388,6 @@ void TestSignalHomeTestingWgt::missingWidgetsAreReported()
     delete picture();
     m_panel->ResMaxWindow();
     QVERIFY(report("FitPicture"));
-}
-
-void TestSignalHomeTestingWgt::valuesThatAreNotThereAreSkipped()
-{
-    MessageLog log;
-    m_panel->SetTestBtnVisible(77, 0);
-    QCOMPARE(log.criticals().size(), 1);
-    QCOMPARE(rowsWithTestButton(), QList<int>());
 }
 
 QTEST_MAIN(TestSignalHomeTestingWgt)
