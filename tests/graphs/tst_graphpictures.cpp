@@ -56,6 +56,7 @@ class TestGraphPictures : public QObject
 private slots:
     void timeGraph_data() { graphRows(); }
     void timeGraph();
+    void tracker();
     void channelGraphs_data() { graphRows(); }
     void channelGraphs();
     void gauge_data();
@@ -133,6 +134,28 @@ void TestGraphPictures::timeGraph()
     }
     QTest::qWait(0);
     keep(QStringLiteral("time %1").arg(QLatin1String(QTest::currentDataTag())), window);
+    QCOMPARE(complaints(log), QStringList());
+}
+
+void TestGraphPictures::tracker()
+{
+    MessageLog log;
+    SignalTimePlot plot;
+    plot.resize(760, 270);
+    plot.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&plot));
+    const QString name = QStringLiteral("<i>Home</i>");
+    plot.onDataReturned({TestAir::network(name)});
+    plot.onShowCurve(0, name, true);
+    for (int i = 0; i < 200; ++i)
+        plot.onDataReturned({TestAir::network(name, -54)});
+    tick(&plot);
+    QCoreApplication::processEvents();
+    const QPoint onCurve(qRound(plot.transform(QwtPlot::xBottom, 150.)),
+        qRound(plot.transform(QwtPlot::yLeft, -54.)));
+    QTest::mouseMove(plot.windowHandle(), plot.canvas()->mapTo(&plot, onCurve));
+    QCoreApplication::processEvents();
+    keep(QStringLiteral("tracker"), plot);
     QCOMPARE(complaints(log), QStringList());
 }
 

@@ -5,15 +5,11 @@
 #include "support/messagelog.h"
 #include "support/testair.h"
 
-#include <QAbstractEventDispatcher>
 #include <QSet>
 #include <QTest>
 #include <memory>
-#include <qwt_plot_canvas.h>
 #include <qwt_plot_curve.h>
-#include <qwt_plot_layout.h>
 #include <qwt_plot_marker.h>
-#include <qwt_scale_widget.h>
 
 using GraphTest::curve;
 using GraphTest::curves;
@@ -53,14 +49,6 @@ class TestSignalChannelPlot : public QObject
 private slots:
     void init();
 
-    void axesFitTheBand_data() { bands(); }
-    void axesFitTheBand();
-    void looksLikeAGraph_data() { bands(); }
-    void looksLikeAGraph();
-    void timerTicksEveryThreeSeconds_data() { bands(); }
-    void timerTicksEveryThreeSeconds();
-    void bothGraphsAskForTheSameRoom();
-
     void firstBatchMakesEverythingHidden_data() { bands(); }
     void firstBatchMakesEverythingHidden();
     void triangleIsDrawnAtTheNextTick_data() { bands(); }
@@ -87,8 +75,6 @@ private slots:
     void labelIsShownAfterTheReplot();
     void tickingTwiceKeepsOneTriangle_data() { bands(); }
     void tickingTwiceKeepsOneTriangle();
-    void clicksNeverZoom_data() { bands(); }
-    void clicksNeverZoom();
 
     void stopDeletesEverythingAndStartsAfresh_data() { bands(); }
     void stopDeletesEverythingAndStartsAfresh();
@@ -135,64 +121,6 @@ void TestSignalChannelPlot::init()
     m_other = is2G ? 36 : 6;
     m_halfWidth = is2G ? 1. : 5.;
     m_axis = is2G ? QwtPlot::yLeft : QwtPlot::yRight;
-}
-
-void TestSignalChannelPlot::axesFitTheBand()
-{
-    QFETCH(bool, is2G);
-    QCOMPARE(m_plot->axisTitle(QwtPlot::xBottom).text(),
-        is2G ? QStringLiteral("2.4G") : QStringLiteral("5G"));
-    QCOMPARE(m_plot->axisEnabled(QwtPlot::yLeft), is2G);
-    QCOMPARE(m_plot->axisEnabled(QwtPlot::yRight), !is2G);
-    const QwtScaleDiv channels = m_plot->axisScaleDiv(QwtPlot::xBottom);
-    QCOMPARE(channels.interval(), is2G ? QwtInterval(0., 14.) : QwtInterval(0., 171.));
-    QCOMPARE(
-        channels.ticks(QwtScaleDiv::MajorTick), (is2G ? channelBand2G() : channelBand5G()).ticks);
-    const QwtScaleDiv signal = m_plot->axisScaleDiv(m_axis);
-    QCOMPARE(signal.interval(), QwtInterval(-100., 0.));
-    QCOMPARE(
-        signal.ticks(QwtScaleDiv::MajorTick), (QList<double>{-100., -80., -60., -40., -20., 0.}));
-    for (const QwtScaleDiv &scale : {channels, signal}) {
-        QVERIFY(scale.ticks(QwtScaleDiv::MediumTick).isEmpty());
-        QVERIFY(scale.ticks(QwtScaleDiv::MinorTick).isEmpty());
-    }
-}
-
-void TestSignalChannelPlot::looksLikeAGraph()
-{
-    QVERIFY(!m_plot->autoReplot());
-    QCOMPARE(m_plot->canvas()->cursor().shape(), Qt::ArrowCursor);
-    const auto *canvas = qobject_cast<const QwtPlotCanvas *>(m_plot->canvas());
-    QCOMPARE(canvas->borderRadius(), 10.);
-    QVERIFY(!canvas->testPaintAttribute(QwtPlotCanvas::ImmediatePaint));
-    QCOMPARE(m_plot->canvasBackground(), QBrush(Qt::white));
-    QVERIFY(m_plot->plotLayout()->alignCanvasToScale(QwtPlot::xBottom));
-    QCOMPARE(int(m_plot->axisScaleDraw(QwtPlot::xBottom)->labelAlignment()), 196);
-    const QwtScaleWidget *axis = m_plot->axisWidget(QwtPlot::xBottom);
-    const int fontHeight = QFontMetrics(axis->font()).height();
-    int start = -1;
-    int end = -1;
-    axis->getMinBorderDist(start, end);
-    QCOMPARE(start, 0);
-    QCOMPARE(end, fontHeight / 2);
-    QCOMPARE(m_log->debugs(), QStringList{QStringLiteral("fmh: %1").arg(fontHeight)});
-}
-
-void TestSignalChannelPlot::timerTicksEveryThreeSeconds()
-{
-    m_plot->onStopScan();
-    const auto timers = QAbstractEventDispatcher::instance()->registeredTimers(m_plot.get());
-    QCOMPARE(timers.size(), 1);
-    QCOMPARE(timers.first().interval, 3000);
-    QCOMPARE(timers.first().timerType, Qt::CoarseTimer);
-}
-
-void TestSignalChannelPlot::bothGraphsAskForTheSameRoom()
-{
-    const Signal2GPlot plot2G;
-    const Signal5GPlot plot5G;
-    QCOMPARE(plot2G.minimumSizeHint().width(), plot5G.minimumSizeHint().width());
-    QCOMPARE(plot2G.sizeHint().width(), plot5G.sizeHint().width());
 }
 
 void TestSignalChannelPlot::firstBatchMakesEverythingHidden()
@@ -389,16 +317,6 @@ void TestSignalChannelPlot::tickingTwiceKeepsOneTriangle()
     m_plot->onShowCurve(0, Home, true);
     QCOMPARE(curves(*m_plot).size(), 1);
     QVERIFY(curve(*m_plot, Home)->isVisible());
-}
-
-void TestSignalChannelPlot::clicksNeverZoom()
-{
-    m_plot->resize(500, 300);
-    m_plot->show();
-    const QwtInterval channels = m_plot->axisInterval(QwtPlot::xBottom);
-    GraphTest::handleLikeAZoomingUser(m_plot->canvas());
-    QCOMPARE(m_plot->axisInterval(QwtPlot::xBottom), channels);
-    QCOMPARE(m_plot->axisInterval(m_axis), QwtInterval(-100., 0.));
 }
 
 void TestSignalChannelPlot::stopDeletesEverythingAndStartsAfresh()

@@ -1,14 +1,10 @@
-#include "graphs/curvecolors.h"
 #include "graphs/graphtest.h"
 #include "graphs/signaltimeplot.h"
 #include "support/messagelog.h"
 #include "support/testair.h"
 
 #include <QAbstractEventDispatcher>
-#include <QSet>
 #include <QTest>
-#include <qwt_legend.h>
-#include <qwt_legend_label.h>
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_curve.h>
 #include <qwt_plot_layout.h>
@@ -27,11 +23,6 @@ const QString Cafe = QStringLiteral("Cafe");
 QVector<WifiProperty> batch(int rssi)
 {
     return {TestAir::network(Home, rssi), TestAir::network(Cafe, rssi - 10)};
-}
-
-QwtLegend *legendOf(const QwtPlot &plot)
-{
-    return plot.findChild<QwtLegend *>(QStringLiteral("timeplotframe"));
 }
 } // namespace
 
@@ -54,25 +45,8 @@ private slots:
     void axisMovesThreeSecondsPerTickAndSamplesStandOneSecondApart();
     void samplesAreDrawnAtTheNextTick();
 
-    void hidingDeletesTheCurveAndKeepsTheSamples();
-    void colorIsOneOfTen();
-    void tickingTwiceKeepsOneCurve();
-    void untickingTwiceIsHarmless();
-    void curvesReadTheirSamplesWhereTheyAre();
-    void insertCurveForgetsAShownNetwork();
-    void namesAreNeverMarkup();
-    void emptyNameIsAName();
-
-    void legendComesWithTheFirstBatch();
-    void legendLabelFollowsTheTick();
-    void legendEntryHidesItsCurve();
-    void showCurveIgnoresNull();
     void emptyFirstBatchCounts();
 
-    void stopForgetsAndRemovesTheLegend();
-    void afterAStopThereIsNoLegendButCurves();
-    void stopWithoutDataIsHarmless();
-    void emptyingDeletesTheCurves();
     void startChangesNothing();
 };
 
@@ -247,257 +221,14 @@ void TestSignalTimePlot::samplesAreDrawnAtTheNextTick()
     QCOMPARE(curve(plot, Home)->dataSize(), std::size_t(1));
 }
 
-void TestSignalTimePlot::hidingDeletesTheCurveAndKeepsTheSamples()
-{
-    SignalTimePlot plot;
-    plot.onDataReturned(batch(-50));
-    plot.onShowCurve(0, Home, true);
-    plot.onDataReturned(batch(-51));
-    plot.onDataReturned(batch(-52));
-    plot.onShowCurve(0, Home, false);
-    QVERIFY(curves(plot).isEmpty());
-    plot.onDataReturned(batch(-53));
-    tick(&plot);
-
-    plot.onShowCurve(0, Home, true);
-    tick(&plot);
-    QCOMPARE(values(*curve(plot, Home)), (QVector<double>{-52., -52.}));
-}
-
-void TestSignalTimePlot::colorIsOneOfTen()
-{
-    QSet<QRgb> allowed;
-    for (const QString &name : curveColorList.mid(1, 10))
-        allowed.insert(QColor(name).rgb());
-    QCOMPARE(allowed.size(), 10);
-    SignalTimePlot plot;
-    plot.onDataReturned(batch(-50));
-    QSet<QRgb> seen;
-    for (int i = 0; i < 500; ++i) {
-        plot.onShowCurve(0, Home, true);
-        const QPen pen = curve(plot, Home)->pen();
-        QCOMPARE(pen.widthF(), 2.);
-        QCOMPARE(pen.style(), Qt::SolidLine);
-        seen.insert(pen.color().rgb());
-        plot.onShowCurve(0, Home, false);
-    }
-    QCOMPARE(seen, allowed);
-}
-
-void TestSignalTimePlot::tickingTwiceKeepsOneCurve()
-{
-    SignalTimePlot plot;
-    plot.onDataReturned(batch(-50));
-    plot.onShowCurve(0, Home, true);
-    plot.onDataReturned(batch(-51));
-    tick(&plot);
-    plot.onShowCurve(3, Home, true);
-    QCOMPARE(curves(plot).size(), 1);
-    QCOMPARE(values(*curve(plot, Home)), QVector<double>{-51.});
-    plot.onShowCurve(0, Home, false);
-    QVERIFY(curves(plot).isEmpty());
-}
-
-void TestSignalTimePlot::untickingTwiceIsHarmless()
-{
-    SignalTimePlot plot;
-    plot.onDataReturned(batch(-50));
-    plot.onShowCurve(0, Home, false);
-    plot.onShowCurve(0, Home, true);
-    plot.onShowCurve(0, Home, false);
-    plot.onShowCurve(0, Home, false);
-    QVERIFY(curves(plot).isEmpty());
-}
-
-void TestSignalTimePlot::curvesReadTheirSamplesWhereTheyAre()
-{
-    SignalTimePlot plot;
-    plot.resize(600, 300);
-    plot.show();
-    plot.onDataReturned(batch(-50));
-    plot.onShowCurve(0, Home, true);
-    plot.onDataReturned(batch(-51));
-    tick(&plot);
-    // Many newcomers rearrange the map; the curve still reads what it was given.
-    plot.onDataReturned(TestAir::networks(500));
-    plot.onDataReturned(batch(-52));
-    QCOMPARE(values(*curve(plot, Home)), QVector<double>{-52.});
-    plot.grab();
-    plot.onShowCurve(0, Home, false);
-    plot.onShowCurve(0, Home, true);
-    plot.grab();
-}
-
-void TestSignalTimePlot::insertCurveForgetsAShownNetwork()
-{
-    SignalTimePlot plot;
-    plot.onDataReturned(batch(-50));
-    plot.onShowCurve(0, Home, true);
-    plot.onDataReturned(batch(-51));
-    tick(&plot);
-    QVector<WifiProperty> one = {TestAir::network(Home)};
-    plot.insertCurve(one);
-    QCOMPARE(plot.NetworkCount(), 1);
-    QVERIFY(curves(plot).isEmpty());
-    tick(&plot);
-    plot.onShowCurve(0, Home, true);
-    tick(&plot);
-    QCOMPARE(values(*curve(plot, Home)), QVector<double>());
-}
-
-void TestSignalTimePlot::namesAreNeverMarkup()
-{
-    const QString name = QStringLiteral("<h1>Home</h1>");
-    SignalTimePlot plot;
-    plot.onDataReturned({TestAir::network(name)});
-    plot.onShowCurve(0, name, true);
-    QCOMPARE(curves(plot).first()->title().text(), name);
-    QVERIFY(GraphTest::isPlain(curves(plot).first()->title()));
-    const auto *label = legendOf(plot)->findChild<QwtLegendLabel *>();
-    QCOMPARE(label->text().text(), name);
-    QVERIFY(GraphTest::isPlain(label->text()));
-}
-
-void TestSignalTimePlot::emptyNameIsAName()
-{
-    SignalTimePlot plot;
-    plot.onDataReturned({TestAir::network(QString())});
-    plot.onShowCurve(0, QString(), true);
-    QCOMPARE(curves(plot).size(), 1);
-}
-
-void TestSignalTimePlot::legendComesWithTheFirstBatch()
-{
-    SignalTimePlot plot;
-    QVERIFY(!legendOf(plot));
-    plot.onDataReturned(batch(-50));
-    QVERIFY(legendOf(plot));
-    QCOMPARE(plot.QwtPlot::legend(), legendOf(plot));
-    QCOMPARE(plot.plotLayout()->legendPosition(), QwtPlot::RightLegend);
-    plot.onDataReturned(batch(-50));
-    QCOMPARE(plot.findChildren<QwtLegend *>().size(), 1);
-}
-
-void TestSignalTimePlot::legendLabelFollowsTheTick()
-{
-    SignalTimePlot plot;
-    plot.resize(600, 300);
-    plot.show();
-    plot.onDataReturned(batch(-50));
-    plot.onShowCurve(0, Home, true);
-    plot.onShowCurve(1, Cafe, true);
-    const auto labels = [&plot] {
-        QStringList texts;
-        for (const auto *label : legendOf(plot)->findChildren<QwtLegendLabel *>()) {
-            if (!label->isHidden())
-                texts.append(label->text().text());
-        }
-        return texts;
-    };
-    QCOMPARE(labels(), (QStringList{Home, Cafe}));
-    plot.onShowCurve(0, Home, false);
-    QCOMPARE(labels(), QStringList{Cafe});
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCOMPARE(labels(), QStringList{Cafe});
-}
-
-void TestSignalTimePlot::legendEntryHidesItsCurve()
-{
-    SignalTimePlot plot;
-    plot.onDataReturned(batch(-50));
-    plot.onShowCurve(0, Home, true);
-    QwtPlotCurve *home = curve(plot, Home);
-    const QVariant info = plot.itemToInfo(home);
-    const auto *label = legendOf(plot)->findChild<QwtLegendLabel *>();
-    plot.wifiChecked(info, false);
-    QVERIFY(!home->isVisible());
-    QVERIFY(label->isHidden());
-    plot.wifiChecked(info, true);
-    QVERIFY(home->isVisible());
-    QVERIFY(!label->isHidden());
-    plot.wifiChecked(QVariant(), false);
-    QVERIFY(home->isVisible());
-}
-
-void TestSignalTimePlot::showCurveIgnoresNull()
-{
-    SignalTimePlot plot;
-    const MessageLog log;
-    plot.showCurve(nullptr, true);
-    QVERIFY(log.criticals().isEmpty());
-}
-
 void TestSignalTimePlot::emptyFirstBatchCounts()
 {
     SignalTimePlot plot;
     plot.onDataReturned({});
     QCOMPARE(plot.NetworkCount(), 0);
-    QVERIFY(legendOf(plot));
+    QVERIFY(plot.QwtPlot::legend());
     plot.onDataReturned(batch(-50));
     QCOMPARE(plot.NetworkCount(), 0);
-}
-
-void TestSignalTimePlot::stopForgetsAndRemovesTheLegend()
-{
-    SignalTimePlot plot;
-    plot.resize(600, 300);
-    plot.show();
-    plot.onDataReturned(batch(-50));
-    plot.onShowCurve(0, Home, true);
-    plot.onDataReturned(batch(-51));
-    tick(&plot);
-    plot.onStopScan();
-    QVERIFY(!legendOf(plot));
-    QVERIFY(curves(plot).isEmpty());
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    tick(&plot);
-    plot.grab();
-    const MessageLog log;
-    plot.onShowCurve(0, Home, true);
-    QVERIFY(log.debugs().contains(QStringLiteral("timeplot not find")));
-}
-
-void TestSignalTimePlot::afterAStopThereIsNoLegendButCurves()
-{
-    SignalTimePlot plot;
-    plot.onDataReturned(batch(-50));
-    plot.onStopScan();
-    plot.onStartScan();
-    plot.onDataReturned(batch(-50));
-    QVERIFY(!legendOf(plot));
-    plot.onShowCurve(0, Home, true);
-    plot.onDataReturned(batch(-51));
-    tick(&plot);
-    QCOMPARE(values(*curve(plot, Home)), QVector<double>{-51.});
-    QVERIFY(!legendOf(plot));
-    plot.onShowCurve(0, Home, false);
-    QVERIFY(curves(plot).isEmpty());
-    plot.onStopScan();
-}
-
-void TestSignalTimePlot::stopWithoutDataIsHarmless()
-{
-    SignalTimePlot plot;
-    plot.onStopScan();
-    plot.onDataReturned(batch(-50));
-    QVERIFY(legendOf(plot));
-}
-
-void TestSignalTimePlot::emptyingDeletesTheCurves()
-{
-    SignalTimePlot plot;
-    plot.onDataReturned(batch(-50));
-    plot.onShowCurve(0, Home, true);
-    plot.EmptyCurveData();
-    QVERIFY(curves(plot).isEmpty());
-    QVERIFY(legendOf(plot));
-    MessageLog log;
-    plot.onShowCurve(0, Home, true);
-    QVERIFY(log.debugs().contains(QStringLiteral("timeplot not find")));
-    log.clear();
-    plot.onDataReturned(batch(-50));
-    plot.onShowCurve(0, Home, true);
-    QCOMPARE(curves(plot).size(), 1);
 }
 
 void TestSignalTimePlot::startChangesNothing()
