@@ -191,11 +191,18 @@ void Backend::takeScanAnswer()
     if (!answer)
         return;
     if (answer->result == ScanAnswer::Result::Accepted) {
+        m_unready = false;
         m_reporter.resolved(Topic::Scan);
-    } else {
+        return;
+    }
+    // NetworkManager needs a moment for an adapter that has just been plugged in or switched on.
+    const bool unready = answer->result == ScanAnswer::Result::NotAvailable ||
+                         answer->result == ScanAnswer::Result::NoInterface;
+    if (!unready || m_unready) {
         m_policy.refused(m_requested.index);
         m_reporter.report(Topic::Scan, ProblemTexts::scanRefused(m_requested.name, *answer));
     }
+    m_unready = unready;
 }
 
 } // namespace LinuxWifi

@@ -58,6 +58,7 @@ private:
     bool m_answering = false;  ///< The last query succeeded.
     bool m_vanished = false;   ///< Since then there was a time without any interface.
     WifiInterface m_requested; ///< The interface that a scan was requested for.
+    bool m_unready = false;    ///< The last answer was that the interface cannot scan yet.
 };
 
 } // namespace LinuxWifi

@@ -141,6 +141,8 @@ private slots:
     void withoutPermissionNetworkManagerIsAsked();
     void refusedRequestIsSaidOnceAndTheCacheServes_data();
     void refusedRequestIsSaidOnceAndTheCacheServes();
+    void adapterThatIsNotReadyGetsASecondChance_data();
+    void adapterThatIsNotReadyGetsASecondChance();
     void refusalIsOverWhenARequestIsAccepted();
     void radioThatCameBackScansAtOnce();
     void joinedNetworkAloneIsGiven();
@@ -502,7 +504,38 @@ void TestBackend::refusedRequestIsSaidOnceAndTheCacheServes()
     QCOMPARE(
         bench.problems, QStringList{ProblemTexts::scanRefused(QStringLiteral("wlan0"), refusal)});
     const int requests = bench.requester.m_requested.size();
-    QVERIFY2(requests >= 3 && requests <= 4, qPrintable(QString::number(requests)));
+    QVERIFY2(requests >= 3 && requests <= 5, qPrintable(QString::number(requests)));
+}
+
+void TestBackend::adapterThatIsNotReadyGetsASecondChance_data()
+{
+    QTest::addColumn<Result>("result");
+    QTest::newRow("not available") << Result::NotAvailable;
+    QTest::newRow("no interface") << Result::NoInterface;
+}
+
+void TestBackend::adapterThatIsNotReadyGetsASecondChance()
+{
+    QFETCH(Result, result);
+    const ScanAnswer refusal{result, QString()};
+    Bench bench;
+    bench.kernel.add(2, "wlan0");
+    bench.kernel.m_triggerError = EPERM;
+    QVERIFY(bench.round());
+    bench.requester.m_answer = refusal;
+    QVERIFY(bench.round());
+    QVERIFY(bench.round()); // asked again after the usual time
+    QCOMPARE(bench.requester.m_requested.size(), 2);
+    QCOMPARE(bench.problems, QStringList());
+    bench.requester.m_answer = ScanAnswer{Result::Accepted, QString()};
+    QVERIFY(bench.round());
+    bench.requester.m_answer = refusal;
+    QVERIFY(bench.round());
+    QCOMPARE(bench.problems, QStringList());
+    bench.requester.m_answer = refusal;
+    QVERIFY(bench.round());
+    QCOMPARE(
+        bench.problems, QStringList{ProblemTexts::scanRefused(QStringLiteral("wlan0"), refusal)});
 }
 
 void TestBackend::refusalIsOverWhenARequestIsAccepted()
