@@ -1,0 +1,58 @@
+// Opens Airlume's window and prints once a second what it shows, as one line of JSON: the rows of
+// the list in the form of scan maps (without the blanks at the end of repeated names), and the
+// texts of all labels.
+
+#include "app/airlume.h"
+#include "netlist/signaltreeview.h"
+
+#include <QApplication>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLabel>
+#include <QTextStream>
+#include <QTimer>
+
+namespace
+{
+QJsonArray rowsOf(const QAbstractItemModel &model)
+{
+    QJsonArray rows;
+    for (int row = 0; row < model.rowCount(); ++row) {
+        const auto text = [&model, row](
+                              int column) { return model.index(row, column).data().toString(); };
+        QString name = text(SignalMode::SsidColumn);
+        while (name.endsWith(QLatin1Char(' ')))
+            name.chop(1);
+        rows.append(QJsonObject{{QStringLiteral("ssid"), name},
+            {QStringLiteral("bssid"), text(SignalMode::BssidColumn)},
+            {QStringLiteral("channel"), text(SignalMode::ChannelColumn)},
+            {QStringLiteral("security_mode"), text(SignalMode::SecurityColumn)},
+            {QStringLiteral("WLAN_NETWORK_SIGNAL"), text(SignalMode::SignalColumn)}});
+    }
+    return rows;
+}
+
+void print(const QWidget &window)
+{
+    const auto *const list = window.findChild<SignalTreeView *>();
+    QJsonArray labels;
+    const QList<QLabel *> children = window.findChildren<QLabel *>();
+    for (const QLabel *const label : children)
+        labels.append(label->text());
+    const QJsonObject object{
+        {QStringLiteral("data"), rowsOf(*list->model())}, {QStringLiteral("labels"), labels}};
+    QTextStream(stdout) << QJsonDocument(object).toJson(QJsonDocument::Compact) << Qt::endl;
+}
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const QApplication application(argc, argv);
+    Airlume window;
+    window.show();
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &window, [&window] { print(window); });
+    timer.start(1000);
+    return QApplication::exec();
+}
