@@ -46,7 +46,8 @@ void ElidedLabel::paintEvent(QPaintEvent *)
     style()->drawPrimitive(QStyle::PE_Widget, &option, &painter, this);
     const QString shown = fontMetrics().elidedText(
         AirText::ForDisplay(text()), Qt::ElideRight, contentsRect().width());
-    // By the text, not by the interface, as QLabel does: the name stands where its language puts it.
+    // By the text, not by the interface, as QLabel does: the name stands where its language puts
+    // it.
     painter.setLayoutDirection(text().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     style()->drawItemText(&painter, contentsRect(),
         static_cast<int>(alignment()) | Qt::TextSingleLine, palette(), isEnabled(), shown,
