@@ -1,16 +1,18 @@
 #include "app/builtwindow.h"
 
+#include "app/airlumestyle.h"
 #include "common/QtCommonTools.h"
 #include "scan/signalnetworkscanthread.h"
 #include "scan/signalscanthread.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QFile>
 
 BuiltWindow::BuiltWindow()
 {
     QCoreApplication::setLibraryPaths({m_noPlugins.path()});
     QFile::remove(QCoreApplication::applicationDirPath() + QStringLiteral("/WifiHomeTest.ini"));
+    QApplication::setStyle(new AirlumeStyle);
     m_window.reset(new Airlume);
     m_window->show();
 }

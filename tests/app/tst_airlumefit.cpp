@@ -26,6 +26,8 @@ private slots:
     void titleBarReachesAcrossTheTop();
     void captionButtonsStandSideBySideAndWhole_data();
     void captionButtonsStandSideBySideAndWhole();
+    void logoIsShownWhole();
+    void listHasTheFocusAndKeepsItFromTheButtons();
     void markupInANameIsShownLiterally();
     void hugeNameDoesNotWidenTheWindow();
     void rightToLeftNameIsShown();
@@ -105,6 +107,28 @@ void TestAirlumeFit::captionButtonsStandSideBySideAndWhole()
     QVERIFY2(qAbs(y + 10 - title->height() / 2) <= 1, qPrintable(QString::number(y)));
     if (maximized)
         m_window->get()->onBtnRestoreClicked();
+}
+
+void TestAirlumeFit::logoIsShownWhole()
+{
+    const QImage picture(QStringLiteral(":/images/logo.png"));
+    QVERIFY(!picture.isNull());
+    QLabel unstyled;
+    unstyled.resize(picture.size());
+    unstyled.setPixmap(QPixmap::fromImage(picture));
+    QLabel *logo = m_window->child<QLabel>("logo");
+    QCOMPARE(inkOf(logo).size(), inkOf(&unstyled).size());
+}
+
+void TestAirlumeFit::listHasTheFocusAndKeepsItFromTheButtons()
+{
+    QCOMPARE(m_window->get()->focusWidget(), m_window->child<QWidget>("treeView"));
+    QTest::mouseClick(m_window->child<QPushButton>("maximize"), Qt::LeftButton);
+    QTest::mouseClick(m_window->child<QPushButton>("restore"), Qt::LeftButton);
+    QCOMPARE(m_window->get()->focusWidget(), m_window->child<QWidget>("treeView"));
+    // The keyboard reaches them all the same.
+    for (const char *name : {"minimize", "maximize", "restore", "close1"})
+        QVERIFY(m_window->child<QPushButton>(name)->focusPolicy() & Qt::TabFocus);
 }
 
 void TestAirlumeFit::markupInANameIsShownLiterally()

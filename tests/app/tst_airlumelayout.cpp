@@ -76,7 +76,6 @@ private slots:
     void captionButtonsAreFlatAndCanBeNamed_data();
     void captionButtonsAreFlatAndCanBeNamed();
     void oneOfTheTwoSizeButtonsIsShown();
-    void logoIsShown();
     void tabsAreInOrder();
     void tabsHoldTheirViews();
     void graphsHaveTheirStyleSheet();
@@ -332,15 +331,6 @@ void TestAirlumeLayout::oneOfTheTwoSizeButtonsIsShown()
     QCOMPARE(stack->widget(1), m_window->child<QPushButton>("restore"));
     QCOMPARE(stack->currentWidget(), m_window->child<QPushButton>("maximize"));
     QVERIFY(!m_window->child<QPushButton>("restore")->isVisible());
-}
-
-void TestAirlumeLayout::logoIsShown()
-{
-    const QLabel *logo = m_window->child<QLabel>("logo");
-    const QPixmap picture(QStringLiteral(":/images/logo.png"));
-    QVERIFY(!picture.isNull());
-    QCOMPARE(logo->pixmap(Qt::ReturnByValue).toImage(), picture.toImage());
-    QVERIFY(logo->width() >= picture.width());
 }
 
 void TestAirlumeLayout::tabsAreInOrder()
