@@ -14,9 +14,15 @@
 namespace PlotLook
 {
 
+namespace
+{
+const int Margin = 4; // keeps the labels off the frame
+} // namespace
+
 void setUpCanvas(QwtPlot *plot)
 {
     plot->setAutoReplot(false);
+    plot->setContentsMargins(Margin, Margin, Margin, Margin);
     auto *canvas = new QwtPlotCanvas(plot);
     canvas->setBorderRadius(10);
     plot->setCanvas(canvas);
