@@ -43,9 +43,11 @@ void HomeTestingPopupDlg::Init()
     setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
     QtCommonTools::SetPaletteBrush(this, QPalette::Window, QBrush(QColor(216, 216, 216)));
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Minimum);
-    setMinimumWidth(MinimumDialogWidth);
 
     QVBoxLayout *rows = new QVBoxLayout(this);
+    // A minimum width of the dialog itself would keep it from growing with a long error.
+    const QMargins margins = rows->contentsMargins();
+    rows->addStrut(MinimumDialogWidth - margins.left() - margins.right());
 
     m_pTitleLabel = new QLabel(QtCommonTools::tr(m_strTitleKey), this);
     m_pTitleLabel->setTextFormat(Qt::PlainText);
