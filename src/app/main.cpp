@@ -28,6 +28,8 @@ int main(int argc, char *argv[])
     probe.connectToServer(ServerName, QIODevice::ReadWrite);
     if (probe.waitForConnected(ProbeTimeoutMs))
         return 0;
+    // Where the first copy is too busy the probe tries on, and would find our own server.
+    probe.close();
 
     QApplication::setStyle(new AirlumeStyle);
     // Not the desktop's palette: the style sheet's light grounds would meet a dark desktop's texts.
