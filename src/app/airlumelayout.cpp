@@ -115,6 +115,8 @@ QPushButton *Airlume::makeCaptionButton(const char *objectName, const char *acce
     button->setFixedSize(20, 20);
     // A click leaves the focus where it was; the keyboard still reaches the button.
     button->setFocusPolicy(Qt::TabFocus);
+    // For Return, which otherwise presses the buttons of dialogs only.
+    button->setAutoDefault(true);
     return button;
 }
 
@@ -128,6 +130,7 @@ bool Airlume::buildListArea(QBoxLayout *column)
 
     m_pTreeView = new SignalTreeView;
     m_pTreeView->setObjectName(QStringLiteral("treeView"));
+    m_pTreeView->setAccessibleName(QStringLiteral("Networks"));
     m_pTreeView->setMinimumSize(100, 100);
     row->addWidget(m_pTreeView);
 
@@ -167,6 +170,7 @@ bool Airlume::buildTabs(QBoxLayout *column)
     m_pTab1->setObjectName(QStringLiteral("tab1"));
     m_pTimePlot = new SignalTimePlot(m_pTab1);
     m_pTimePlot->setObjectName(QStringLiteral("qwtPlot"));
+    m_pTimePlot->setAccessibleName(QStringLiteral("Signal over time"));
     m_pTimePlot->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     m_pTimePlot->setStyleSheet(GraphStyle);
     (new QHBoxLayout(m_pTab1))->addWidget(m_pTimePlot);
@@ -175,8 +179,10 @@ bool Airlume::buildTabs(QBoxLayout *column)
     m_pTab2 = new QWidget;
     m_pTab2->setObjectName(QStringLiteral("tab2"));
     m_p2GPlot = new Signal2GPlot(m_pTab2);
+    m_p2GPlot->setAccessibleName(QStringLiteral("Channels at 2.4 GHz"));
     m_p2GPlot->setStyleSheet(GraphStyle);
     m_p5GPlot = new Signal5GPlot(m_pTab2);
+    m_p5GPlot->setAccessibleName(QStringLiteral("Channels at 5 GHz"));
     m_p5GPlot->setStyleSheet(GraphStyle);
     QHBoxLayout *channelRow = new QHBoxLayout(m_pTab2);
     channelRow->addWidget(m_p2GPlot);
