@@ -219,15 +219,18 @@ template <typename Graph> void benchFirstBatch(const char *what)
 class Gauge : public SignalStrengthDashboard
 {
 public:
-    Gauge()
-        : SignalStrengthDashboard(nullptr)
+    explicit Gauge(QWidget *parent)
+        : SignalStrengthDashboard(parent)
     {
     }
 };
 
 void benchGauge()
 {
-    Gauge gauge;
+    // With a parent, as in the window: the size a widget is born with decides where the dial
+    // stands.
+    QWidget frame;
+    Gauge gauge(&frame);
     gauge.setFixedSize(320, 260);
     gauge.onNetworkReturned(QStringLiteral("Home"));
     gauge.SetSignalValue(-60);
