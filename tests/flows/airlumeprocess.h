@@ -33,6 +33,7 @@ public:
     /// Kills the process at once, as a crash would.
     void kill();
 
+    qint64 processId() const { return m_process.processId(); }
     bool isRunning() const { return m_process.state() == QProcess::Running; }
     int exitCode() const { return m_process.exitCode(); }
     bool endedNormally() const { return m_process.exitStatus() == QProcess::NormalExit; }

@@ -1,7 +1,6 @@
 #include "flows/airlumeprocess.h"
 
 #include <QFile>
-#include <QLocalServer>
 #include <QSettings>
 #include <QtTest>
 
@@ -26,8 +25,6 @@ private slots:
     void socketOfACrashedCopyIsNoHindrance();
     void closeButtonEndsWithStatusZero_data();
     void closeButtonEndsWithStatusZero();
-    void hostLanguageReachesTheWindow();
-    void hostExitMessageEndsInOrder();
     void joinedNetworkIsTickedAndNamed();
 };
 
@@ -109,43 +106,6 @@ void TestStartUp::closeButtonEndsWithStatusZero()
     QVERIFY(airlume.waitForEnd());
     QVERIFY(airlume.endedNormally());
     QCOMPARE(airlume.exitCode(), 0);
-}
-
-void TestStartUp::hostLanguageReachesTheWindow()
-{
-    QLocalServer host;
-    QVERIFY(host.listen(QStringLiteral("HarborWindowLocalProcess")));
-    AirlumeProcess airlume(Simulated);
-    airlume.launch();
-    QVERIFY(host.waitForNewConnection(60000));
-    QLocalSocket *connection = host.nextPendingConnection();
-    while (connection->bytesAvailable() < 26)
-        QVERIFY(connection->waitForReadyRead(60000));
-    QCOMPARE(connection->readAll(), QByteArray("IpcRequestLanguage:Airlume"));
-    connection->write("IpcResponseLanguage:deu");
-    QVERIFY(connection->waitForBytesWritten());
-    QVERIFY(airlume.waitFor([](const QJsonObject &state) {
-        const QString title = state[QStringLiteral("tabs")].toArray().at(0).toString();
-        return !title.isEmpty() && title != QLatin1String("Signal Graph");
-    }));
-}
-
-void TestStartUp::hostExitMessageEndsInOrder()
-{
-    QLocalServer host;
-    QVERIFY(host.listen(QStringLiteral("HarborWindowLocalProcess")));
-    AirlumeProcess airlume(Simulated);
-    airlume.launch();
-    QVERIFY(host.waitForNewConnection(60000));
-    QLocalSocket *connection = host.nextPendingConnection();
-    QVERIFY(airlume.waitFor(hasRows));
-    connection->write("IpcResponseExit");
-    QVERIFY(connection->waitForBytesWritten());
-    QVERIFY(airlume.waitForEnd());
-    QVERIFY2(airlume.endedNormally(), qPrintable(airlume.output()));
-    QVERIFY2(airlume.exitCode() == 0, qPrintable(airlume.output()));
-    // Unlike the close button, this takes the server's socket away.
-    QVERIFY(!QFile::exists(QDir::tempPath() + QStringLiteral("/Airlume_LocalServer")));
 }
 
 void TestStartUp::joinedNetworkIsTickedAndNamed()

@@ -5,11 +5,13 @@
 #include <QDialog>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLocalSocket>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QTabWidget>
+#include <QTableWidget>
 #include <QTreeView>
 
 namespace
@@ -51,6 +53,42 @@ QJsonArray texts()
     const QTabWidget *tabs = child<QTabWidget>("tabWidget");
     for (int tab = 0; tabs && tab < tabs->count(); ++tab)
         found.append(tabs->tabText(tab));
+    return found;
+}
+
+template <typename Widget> QJsonArray textsOf(const QWidget *parent)
+{
+    QJsonArray found;
+    const QList<Widget *> widgets = parent ? parent->findChildren<Widget *>() : QList<Widget *>();
+    for (const Widget *widget : widgets) {
+        if (!widget->text().isEmpty())
+            found.append(widget->text());
+    }
+    return found;
+}
+
+/// Without a window manager a dialog that is shown again is not activated.
+QWidget *focusWidget()
+{
+    const QWidget *modal = QApplication::activeModalWidget();
+    return modal ? modal->focusWidget() : QApplication::focusWidget();
+}
+
+QJsonArray headers()
+{
+    QJsonArray found;
+    const QTreeView *list = child<QTreeView>("treeView");
+    for (int column = 0; list && column < list->model()->columnCount(); ++column)
+        found.append(list->model()->headerData(column, Qt::Horizontal).toString());
+    return found;
+}
+
+QJsonArray rooms()
+{
+    QJsonArray found;
+    const QTableWidget *table = child<QTableWidget>("HomeTesting_TabWgt_Home_List");
+    for (int row = 0; table && row < table->rowCount(); ++row)
+        found.append(table->item(row, 0)->text());
     return found;
 }
 
@@ -103,6 +141,12 @@ QJsonObject Driver::answer(const QString &line)
         if (QTabWidget *tabs = child<QTabWidget>("tabWidget"))
             tabs->setCurrentIndex(object.toInt());
         done = true;
+    } else if (verb == QLatin1String("room")) {
+        QTableWidget *table = child<QTableWidget>("HomeTesting_TabWgt_Home_List");
+        done = table && click(table->viewport(),
+                            table->visualRect(table->model()->index(object.toInt(), 0)).center());
+    } else if (verb == QLatin1String("type")) {
+        done = type(focusWidget(), object);
     } else if (verb == QLatin1String("tick")) {
         QTreeView *list = child<QTreeView>("treeView");
         done = list && click(list->viewport(),
@@ -116,6 +160,7 @@ QJsonObject Driver::state()
     const QWidget *window = mainWindow();
     if (!window)
         return {{QStringLiteral("visible"), false}};
+    const QWidget *focus = focusWidget();
     const QWidget *modal = QApplication::activeModalWidget();
     return {
         {QStringLiteral("visible"), window->isVisible()},
@@ -125,9 +170,24 @@ QJsonObject Driver::state()
         {QStringLiteral("connected"), labelText("label_connectedto")},
         {QStringLiteral("tabs"), texts()},
         {QStringLiteral("rows"), rows()},
+        {QStringLiteral("headers"), headers()},
+        {QStringLiteral("rooms"), rooms()},
+        {QStringLiteral("labels"), textsOf<QLabel>(window)},
+        {QStringLiteral("buttons"), textsOf<QPushButton>(window)},
+        {QStringLiteral("focus"),
+            focus ? QString::fromLatin1(focus->metaObject()->className()) : QString()},
         {QStringLiteral("modal"),
             modal ? QString::fromLatin1(modal->metaObject()->className()) : QString()},
     };
+}
+
+/// Types into the widget, which has the focus.
+bool Driver::type(QWidget *widget, const QString &text)
+{
+    for (int i = 0; widget && i < text.size(); ++i)
+        QCoreApplication::postEvent(
+            widget, new QKeyEvent(QEvent::KeyPress, 0, Qt::NoModifier, text.mid(i, 1)));
+    return widget;
 }
 
 /// Queued, so that the answer is sent before the click may end the process.

@@ -20,7 +20,8 @@ public:
 
 /// Answers each line on the local socket AIRLUME_DRIVER with a line of JSON:
 /// "state": what the window shows; "click NAME": clicks the middle of that widget; "tab N": shows
-/// that tab; "tick ROW": clicks that row's check box.
+/// that tab; "tick ROW": clicks that row's check box; "room ROW": clicks that room; "type TEXT":
+/// types into the widget with the focus.
 class Driver : public QObject
 {
     Q_OBJECT
@@ -32,6 +33,7 @@ private:
     void serve(QLocalSocket *client);
     QJsonObject answer(const QString &line);
     static QJsonObject state();
+    static bool type(QWidget *widget, const QString &text);
     static bool click(QWidget *widget, const QPoint &position);
 
     QLocalServer m_server;
