@@ -8,11 +8,11 @@
 #include <QApplication>
 #include <QFile>
 
-BuiltWindow::BuiltWindow()
+BuiltWindow::BuiltWindow(QStyle *style)
 {
     QCoreApplication::setLibraryPaths({m_noPlugins.path()});
     QFile::remove(QCoreApplication::applicationDirPath() + QStringLiteral("/WifiHomeTest.ini"));
-    QApplication::setStyle(new AirlumeStyle);
+    QApplication::setStyle(style ? style : new AirlumeStyle);
     m_window.reset(new Airlume);
     m_window->show();
 }

@@ -7,6 +7,7 @@
 
 #include "app/airlume.h"
 
+class QStyle;
 class SignalNetworkScanThread;
 class SignalScanThread;
 
@@ -15,7 +16,8 @@ class SignalScanThread;
 class BuiltWindow
 {
 public:
-    BuiltWindow();
+    /// `style`: the application's from now on; null: the program's own.
+    explicit BuiltWindow(QStyle *style = nullptr);
     /// Deletes the window; the loops of its threads are told to end before, both at once.
     ~BuiltWindow();
 

@@ -216,7 +216,8 @@ void TestAirlumeWindow::maximisesAndRestores()
     Airlume *window = m_window->get();
     QPushButton *maximize = m_window->child<QPushButton>("maximize");
     QPushButton *restore = m_window->child<QPushButton>("restore");
-    const QRect before = window->geometry();
+    const QRect before(37, 91, 1100, 700);
+    window->setGeometry(before);
     QVERIFY(maximize->isVisible());
 
     MessageLog log;
