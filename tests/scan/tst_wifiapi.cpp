@@ -3,6 +3,22 @@
 
 #include <QtTest>
 
+#include <cstdint>
+#include <cstring>
+
+namespace
+{
+/// Place of a virtual function in the table of its class, from 1 on; the two entries of the virtual
+/// destructor come first. As in the C++ ABI of GCC and Clang on every Unix.
+template <typename Function> int placeOf(Function function)
+{
+    std::uintptr_t words[2];
+    static_assert(sizeof words == sizeof function, "another ABI");
+    std::memcpy(words, &function, sizeof words);
+    return static_cast<int>(words[0] / sizeof(void *)) - 1;
+}
+} // namespace
+
 class TestWifiApi : public QObject
 {
     Q_OBJECT
@@ -14,6 +30,7 @@ private slots:
     void findsNoInterfaceWithoutABackEnd();
     void asksWithFlagZeroAndStopsAtTheFirstUsableLaterInterface();
     void keepsTheContract();
+    void keepsTheOrderOfItsFunctions();
 };
 
 void TestWifiApi::choosesTheInterface_data()
@@ -73,6 +90,20 @@ void TestWifiApi::keepsTheContract()
 {
     QCOMPARE(qobject_interface_iid<WiFiApiInterface *>(),
         "com.corvane.WiFiApiPlugin.WiFiApiInterface/1.0");
+}
+
+void TestWifiApi::keepsTheOrderOfItsFunctions()
+{
+    // Back ends are built separately and are called by these places.
+    QCOMPARE(placeOf(&WiFiApiInterface::initWiFiApi), 1);
+    QCOMPARE(placeOf(&WiFiApiInterface::releaseWiFiApi), 2);
+    QCOMPARE(placeOf(&WiFiApiInterface::isWiFiNicUsable), 3);
+    QCOMPARE(placeOf(&WiFiApiInterface::setWiFiRadio), 4);
+    QCOMPARE(placeOf(&WiFiApiInterface::startWiFiScan), 5);
+    QCOMPARE(placeOf(&WiFiApiInterface::getVisiableNetworkMapList), 6);
+    QCOMPARE(placeOf(&WiFiApiInterface::getConnectedNetworkMap), 7);
+    QCOMPARE(placeOf(&WiFiApiInterface::getWiFiNicAddress), 8);
+    QCOMPARE(placeOf(&WiFiApiInterface::getWiFiNicList), 9);
 }
 
 QTEST_APPLESS_MAIN(TestWifiApi)
