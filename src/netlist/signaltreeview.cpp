@@ -84,6 +84,7 @@ void SignalTreeView::onDataReturned(QVector<WifiProperty> networks)
 {
     m_rowMap.clear();
     m_model.updateData(networks);
+    // Nothing notes rows to untick yet.
     for (int row = 0; row < m_model.rowCount(); ++row) {
         if (m_rowMap.contains(row))
             setTicked(row, false);

@@ -42,7 +42,7 @@ private:
     void reportNoRadio();
 
     QString m_nic;
-    QMutex m_mutex;
+    QMutex m_mutex; ///< For what other threads may share one day: m_nic belongs to run() alone.
 };
 
 #endif
