@@ -75,6 +75,7 @@ private slots:
     void everyJoinedMapReportsInListOrder();
     void reportsTheDeduplicatedNameOfTheJoinedNetwork();
     void onlyEveryFifthPassIsFresh();
+    void everyFreshPassNamesTheNetworksAnew();
     void anEmptyFreshPassKeepsTheOldRecords();
     void resendsOldRecordsWhenTheInterfaceComesBack();
     void afterSetExitOnlyRepeatsAreSent();
@@ -316,6 +317,25 @@ void TestSignalScanThread::onlyEveryFifthPassIsFresh()
             QCOMPARE(thread.step(), QStringList(QStringLiteral("data 1")));
             QCOMPARE(ssids(thread.data), fresh);
         }
+    }
+}
+
+void TestSignalScanThread::everyFreshPassNamesTheNetworksAnew()
+{
+    SteppedThread thread;
+    for (int round = 0; round < 3; ++round) {
+        // The order in which they are heard changes from round to round.
+        const bool turned = round % 2 == 1;
+        const QString first = turned ? QStringLiteral("b2") : QStringLiteral("b1");
+        const QString second = turned ? QStringLiteral("b1") : QStringLiteral("b2");
+        thread.onVisiableMapListReturned({TestAir::scanMap(QStringLiteral("A"), first),
+            TestAir::scanMap(QStringLiteral("A"), second)});
+        thread.data.clear();
+        thread.step();
+        QCOMPARE(ssids(thread.data), QStringList({QStringLiteral("A"), QStringLiteral("A ")}));
+        QCOMPARE(thread.data.first().bssid, first);
+        for (int repeat = 0; repeat < 4; ++repeat)
+            thread.step();
     }
 }
 
