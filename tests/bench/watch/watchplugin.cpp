@@ -30,7 +30,8 @@ QString networkName(int number)
     return QStringLiteral("Network %1").arg(number, 4, 10, QLatin1Char('0'));
 }
 
-/// Full histories and visible curves for the first `count` networks.
+/// Full histories, with signals that wander by a few dB, and visible curves for the first `count`
+/// networks.
 void showNetworks(const QWidget &window, int count)
 {
     QVector<WifiProperty> networks(count);
@@ -47,7 +48,7 @@ void showNetworks(const QWidget &window, int count)
         }
         for (int sample = 0; name == "SignalTimePlot" && sample < FullHistory; ++sample) {
             for (int i = 0; i < count; ++i)
-                networks[i].rssi = -30 - (i * 7 + sample * 3) % 65;
+                networks[i].rssi = -30 - (i * 7) % 65 - (i + sample / 2) % 4;
             QMetaObject::invokeMethod(
                 graph, "onDataReturned", Q_ARG(QVector<WifiProperty>, networks));
         }
