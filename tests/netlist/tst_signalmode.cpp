@@ -391,6 +391,7 @@ void TestSignalMode::tellsNoGraphAboutAnEmptyName()
 void TestSignalMode::startWipesEverythingAndThaws()
 {
     m_model->updateData(networks(3));
+    m_model->updateData(networks(3));
     m_model->onStopScan();
     m_model->onStartScan();
     QCOMPARE(m_model->rowCount(), 0);
@@ -400,6 +401,10 @@ void TestSignalMode::startWipesEverythingAndThaws()
     QVERIFY(m_model->isTicked(1));
     m_model->setData(m_model->index(1, 0), false);
     QVERIFY(!m_model->isTicked(1));
+    // The third call from the start prunes, and every third one after it.
+    for (int call = 2; call <= 6; ++call)
+        m_model->updateData(networks(1));
+    QCOMPARE(m_model->rowCount(), 1);
 }
 
 void TestSignalMode::emptyForgetsRowsAndSeenNames()
@@ -416,6 +421,9 @@ void TestSignalMode::emptyForgetsRowsAndSeenNames()
     m_model->updateData(networks(1));
     m_model->updateData(networks(1));
     QCOMPARE(m_model->rowCount(), 2);
+    for (int call = 4; call <= 6; ++call)
+        m_model->updateData(networks(1));
+    QCOMPARE(m_model->rowCount(), 1);
 }
 
 QTEST_MAIN(TestSignalMode)

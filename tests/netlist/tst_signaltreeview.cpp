@@ -15,6 +15,10 @@ class TestSignalTreeView : public QObject
 {
     Q_OBJECT
 
+public:
+    /// A locale whose order of letters is not that of their codes.
+    static void initMain() { qputenv("LC_ALL", "en_US.UTF-8"); }
+
 private slots:
     void initTestCase() { QtCommonTools::Init(); }
     void cleanupTestCase() { QtCommonTools::Release(); }
@@ -119,9 +123,11 @@ void TestSignalTreeView::sortsNamesInLocaleOrder()
         {network(QStringLiteral("b")), network(QStringLiteral("a")), network(QStringLiteral("c"))});
     QCOMPARE(column(SignalMode::SsidColumn),
         QStringList({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}));
-    // Newcomers find their place.
-    m_view->onDataReturned({network(QStringLiteral("aa"))});
-    QCOMPARE(column(SignalMode::SsidColumn).at(1), QStringLiteral("aa"));
+    // Newcomers find their place: capitals among the small letters, not before them.
+    m_view->onDataReturned({network(QStringLiteral("aa")), network(QStringLiteral("B"))});
+    QCOMPARE(column(SignalMode::SsidColumn),
+        QStringList({QStringLiteral("a"), QStringLiteral("aa"), QStringLiteral("b"),
+            QStringLiteral("B"), QStringLiteral("c")}));
 }
 
 void TestSignalTreeView::oneClickOnACheckBoxToggles()
