@@ -6,6 +6,7 @@
 
 #include <QCheckBox>
 #include <QHeaderView>
+#include <QKeyEvent>
 
 namespace
 {
@@ -157,6 +158,16 @@ void SignalTreeView::slotCheckAll()
         if (!m_model.isTicked(row))
             setTicked(row, true);
     }
+}
+
+void SignalTreeView::keyPressEvent(QKeyEvent *event)
+{
+    // A click on a name makes its column the current one, where no delegate toggles anything.
+    if (event->key() == Qt::Key_Space || event->key() == Qt::Key_Select) {
+        selectionModel()->setCurrentIndex(
+            currentIndex().siblingAtColumn(SignalMode::TickColumn), QItemSelectionModel::NoUpdate);
+    }
+    QTreeView::keyPressEvent(event);
 }
 
 void SignalTreeView::EmptyWifiPropertyMap()

@@ -49,6 +49,10 @@ public slots:
     /// Sets the header texts in the current language.
     void ChangeLanguage();
 
+protected:
+    /// As the base; Space and Select tick the current row whatever its current column.
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
     void setUpHeader();
     void setTicked(int row, bool ticked);

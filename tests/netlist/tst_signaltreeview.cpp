@@ -32,6 +32,8 @@ private slots:
     void aDoubleClickOnACheckBoxChangesNothing();
     void clicksBesideTheCheckBoxOrWithAnotherButtonChangeNothing();
     void spaceTogglesTheCurrentRow();
+    void spaceTogglesARowWhoseNameWasClicked();
+    void spaceWithoutACurrentRowDoesNothing();
     void headerCheckBoxTicksAndUnticksAllRows();
     void cancelAllUnticksTickedRowsOnly();
     void startEmptiesTheListAndKeepsTheColumns();
@@ -188,6 +190,26 @@ void TestSignalTreeView::spaceTogglesTheCurrentRow()
     QTest::keyClick(m_view.data(), Qt::Key_Return);
     QTest::keyClick(m_view.data(), Qt::Key_X);
     QCOMPARE(shown.size(), 2);
+}
+
+void TestSignalTreeView::spaceTogglesARowWhoseNameWasClicked()
+{
+    m_view->onDataReturned(networks(3));
+    QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {},
+        m_view->visualRect(m_view->model()->index(1, SignalMode::SsidColumn)).center());
+    QSignalSpy shown(m_view.data(), &SignalTreeView::showCurve);
+    QTest::keyClick(m_view.data(), Qt::Key_Space);
+    QCOMPARE(shown, QList<QVariantList>({{1, QStringLiteral("Network 001"), false}}));
+    QVERIFY(m_view->selectionModel()->isRowSelected(1, QModelIndex()));
+}
+
+void TestSignalTreeView::spaceWithoutACurrentRowDoesNothing()
+{
+    m_view->onDataReturned(networks(3));
+    m_view->setCurrentIndex(QModelIndex());
+    QSignalSpy shown(m_view.data(), &SignalTreeView::showCurve);
+    QTest::keyClick(m_view.data(), Qt::Key_Space);
+    QCOMPARE(shown.size(), 0);
 }
 
 void TestSignalTreeView::headerCheckBoxTicksAndUnticksAllRows()
