@@ -1,5 +1,7 @@
 #include "linux/netlinksocket.h"
 
+#include "linux/netlinkerror.h"
+
 #include <netlink/errno.h>
 #include <netlink/genl/ctrl.h>
 #include <netlink/genl/genl.h>
@@ -54,22 +56,6 @@ int onError(sockaddr_nl *, nlmsgerr *error, void *exchange)
     static_cast<Exchange *>(exchange)->finished = true;
     return NL_STOP;
 }
-
-/// The errno for an error of libnl itself.
-int errnoOf(int code)
-{
-    switch (-code) {
-    case NLE_AGAIN:
-        return EAGAIN;
-    case NLE_INTR:
-    case NLE_DUMP_INTR:
-        return EINTR;
-    case NLE_NOMEM:
-        return ENOBUFS;
-    default:
-        return EIO;
-    }
-}
 } // namespace
 
 void NetlinkSocket::FreeSocket::operator()(nl_sock *socket) const
@@ -118,7 +104,7 @@ int NetlinkSocket::open()
     m_familyId = genl_ctrl_resolve(m_socket.get(), m_family.c_str());
     if (m_familyId < 0) {
         const bool unknown = m_familyId == -NLE_OBJ_NOTFOUND;
-        const int error = unknown ? EPROTONOSUPPORT : errnoOf(m_familyId);
+        const int error = unknown ? EPROTONOSUPPORT : errnoOfNetlinkError(m_familyId);
         close();
         return error;
     }
@@ -167,7 +153,7 @@ int NetlinkSocket::receive(const Handler &handler, bool &inDoubt)
     inDoubt = !exchange.finished;
     if (exchange.error)
         return exchange.error;
-    return result < 0 ? errnoOf(result) : 0;
+    return result < 0 ? errnoOfNetlinkError(result) : 0;
 }
 
 } // namespace LinuxWifi

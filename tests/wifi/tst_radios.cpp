@@ -25,6 +25,7 @@ private slots:
     void interfaceDownIsToldOnceAndSurvived();
     void blockedRadioIsToldOnceAndSurvived();
     void unpluggedAdapterIsToldOnceAndSurvived();
+    void joinedHiddenNetworkHasItsName();
     void monitorInterfaceIsLeftOut();
     void answersCameAtOnce();
 
@@ -267,6 +268,20 @@ void TestRadios::unpluggedAdapterIsToldOnceAndSurvived()
     QVERIFY(Air::hwsim(QStringLiteral("plug wlan0")));
     QVERIFY(Air::hwsim(QStringLiteral("plug wlan1")));
     everyoneHears();
+}
+
+void TestRadios::joinedHiddenNetworkHasItsName()
+{
+    QVERIFY(Air::hwsim(QStringLiteral("station wlan0 hidden")));
+    for (Companion *const listener : m_everyone) {
+        QVERIFY2(until(*listener, QString(),
+                     [](const QJsonObject &answer) {
+                         return joinedOf(answer).value(QStringLiteral("ssid")).toString() ==
+                                QStringLiteral("Hidden");
+                     }),
+            qPrintable(listener->name()));
+    }
+    QVERIFY(Air::hwsim(QStringLiteral("station wlan0")));
 }
 
 void TestRadios::monitorInterfaceIsLeftOut()

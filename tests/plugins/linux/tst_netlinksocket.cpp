@@ -1,3 +1,4 @@
+#include "linux/netlinkerror.h"
 #include "linux/netlinksocket.h"
 #include "linux/repeated.h"
 
@@ -5,6 +6,7 @@
 
 #include <linux/genetlink.h>
 #include <netlink/attr.h>
+#include <netlink/errno.h>
 #include <netlink/genl/genl.h>
 
 #include <cerrno>
@@ -35,6 +37,8 @@ private slots:
     void kernelErrorsComeAsTheyAre();
     void socketWorksOnAfterErrorsAndClosing();
     void requestThatCannotBeFilledIsNotSent();
+    void errorsOfTheLibraryHaveAnErrno_data();
+    void errorsOfTheLibraryHaveAnErrno();
     void transientErrorsAreRepeatedThreeTimes_data();
     void transientErrorsAreRepeatedThreeTimes();
     void successEndsTheRepetition();
@@ -120,6 +124,25 @@ void TestNetlinkSocket::requestThatCannotBeFilledIsNotSent()
                  CTRL_CMD_GETFAMILY, [](nl_msg *) { return false; }, ignore),
         ENOMEM);
     QCOMPARE(socket.dump(CTRL_CMD_GETFAMILY, nothing, ignore), 0);
+}
+
+void TestNetlinkSocket::errorsOfTheLibraryHaveAnErrno_data()
+{
+    QTest::addColumn<int>("code");
+    QTest::addColumn<int>("error");
+    QTest::newRow("no answer in time") << NLE_AGAIN << EAGAIN;
+    QTest::newRow("interrupted") << NLE_INTR << EINTR;
+    QTest::newRow("the list changed meanwhile") << NLE_DUMP_INTR << EINTR;
+    QTest::newRow("receive buffer too small") << NLE_NOMEM << ENOBUFS;
+    QTest::newRow("an answer to another request") << NLE_SEQ_MISMATCH << EIO;
+    QTest::newRow("anything else") << NLE_FAILURE << EIO;
+}
+
+void TestNetlinkSocket::errorsOfTheLibraryHaveAnErrno()
+{
+    QFETCH(int, code);
+    QFETCH(int, error);
+    QCOMPARE(LinuxWifi::errnoOfNetlinkError(-code), error);
 }
 
 void TestNetlinkSocket::transientErrorsAreRepeatedThreeTimes_data()
