@@ -1,4 +1,4 @@
-#include "linux/backend.h"
+#include "backendbench.h"
 #include "linux/problemtexts.h"
 
 #include <QTest>
@@ -6,109 +6,8 @@
 #include <cerrno>
 
 using namespace LinuxWifi;
-using Result = ScanAnswer::Result;
 
-Q_DECLARE_METATYPE(LinuxWifi::ScanAnswer::Result)
-
-namespace
-{
-/// A kernel whose answers are set by hand.
-class FakeKernel : public WifiKernel
-{
-public:
-    int interfaces(QVector<WifiInterface> &interfaces) override
-    {
-        interfaces = m_interfacesError ? QVector<WifiInterface>() : m_interfaces;
-        return m_interfacesError;
-    }
-    LinkState linkState(const QString &name) override { return m_states.value(name); }
-    int accessPoints(int index, QVector<AccessPoint> &accessPoints) override
-    {
-        m_read.append(index);
-        accessPoints = m_accessPointsError ? QVector<AccessPoint>() : m_accessPoints;
-        return m_accessPointsError;
-    }
-    int stationLinks(int, QVector<StationLink> &links) override
-    {
-        links = m_linksError ? QVector<StationLink>() : m_links;
-        return m_linksError;
-    }
-    int triggerScan(int index) override
-    {
-        m_triggered.append(index);
-        return m_triggerError;
-    }
-    void close() override {}
-
-    void add(int index, const char *name, LinkState state = {true, false, false},
-        const char *joinedName = "")
-    {
-        m_interfaces.append({index, QString::fromLatin1(name), QStringLiteral("02:00:00:00:00:00"),
-            QString::fromLatin1(joinedName)});
-        m_states.insert(QString::fromLatin1(name), state);
-    }
-
-    QVector<WifiInterface> m_interfaces;
-    QMap<QString, LinkState> m_states;
-    QVector<AccessPoint> m_accessPoints;
-    QVector<StationLink> m_links;
-    int m_interfacesError = 0;
-    int m_accessPointsError = 0;
-    int m_linksError = 0;
-    int m_triggerError = 0;
-    QVector<int> m_read;
-    QVector<int> m_triggered;
-};
-
-class FakeRequester : public ScanRequester
-{
-public:
-    void request(const QString &interface) override { m_requested.append(interface); }
-    std::optional<ScanAnswer> takeAnswer() override
-    {
-        std::optional<ScanAnswer> answer;
-        answer.swap(m_answer);
-        return answer;
-    }
-
-    QStringList m_requested;
-    std::optional<ScanAnswer> m_answer;
-};
-
-AccessPoint heard(bool joined = false)
-{
-    AccessPoint accessPoint;
-    accessPoint.bssid = QStringLiteral("b1");
-    accessPoint.ssid = QStringLiteral("Home");
-    accessPoint.signal = -50;
-    accessPoint.joined = joined;
-    return accessPoint;
-}
-
-/// A back end and all it is given.
-struct Bench {
-    FakeKernel kernel;
-    FakeRequester requester;
-    qint64 now = 0;
-    QStringList problems;
-    Backend backend{kernel, requester, [this] { return now; },
-        [this](const QString &text) { problems.append(text); }};
-
-    /// One round as Airlume makes it every four seconds.
-    bool round(QList<ScanMap> *networks = nullptr)
-    {
-        now += 4000;
-        QStringList names;
-        backend.interfaceNames(names);
-        for (const QString &name : qAsConst(names))
-            backend.usable(name);
-        QList<ScanMap> heard;
-        const bool result = backend.networks(QString(), networks ? *networks : heard);
-        return result;
-    }
-};
-} // namespace
-
+/// What the back end answers, and what it says when it cannot.
 class TestBackend : public QObject
 {
     Q_OBJECT
@@ -134,20 +33,8 @@ private slots:
     void unreadableNetworksFail();
     void adapterThatCameBackFailsOnce();
     void adapterGoneDuringAQueryNeedsNoFurtherFailure();
-    void scansAreTriggeredSeldom();
-    void busyRadioIsNoProblem();
-    void failedTriggerIsSaidOnceAndTheCacheServes_data();
-    void failedTriggerIsSaidOnceAndTheCacheServes();
-    void withoutPermissionNetworkManagerIsAsked();
-    void refusedRequestIsSaidOnceAndTheCacheServes_data();
-    void refusedRequestIsSaidOnceAndTheCacheServes();
-    void adapterThatIsNotReadyGetsASecondChance_data();
-    void adapterThatIsNotReadyGetsASecondChance();
-    void refusalIsOverWhenARequestIsAccepted();
-    void radioThatCameBackScansAtOnce();
     void joinedNetworkAloneIsGiven();
     void addressOfTheInterfaceIsGiven();
-    void scanOnDemandObeysTheInterval();
 };
 
 void TestBackend::interfacesAreNamedInTheirOrder()
@@ -407,168 +294,6 @@ void TestBackend::adapterGoneDuringAQueryNeedsNoFurtherFailure()
     QVERIFY(bench.round());
 }
 
-void TestBackend::scansAreTriggeredSeldom()
-{
-    Bench bench;
-    bench.kernel.add(2, "wlan0", {true, false, false}, "Home");
-    bench.kernel.m_accessPoints = {heard(true)};
-    for (int i = 0; i < 30; ++i) // 120 s
-        QVERIFY(bench.round());
-    QCOMPARE(bench.kernel.m_triggered, QVector<int>(6, 2));
-    QVERIFY(bench.requester.m_requested.isEmpty());
-    QCOMPARE(bench.problems, QStringList());
-}
-
-void TestBackend::busyRadioIsNoProblem()
-{
-    Bench bench;
-    bench.kernel.add(2, "wlan0");
-    bench.kernel.m_triggerError = EBUSY;
-    QVERIFY(bench.round());
-    QVERIFY(bench.round());
-    QCOMPARE(bench.kernel.m_triggered.size(), 1);
-    QCOMPARE(bench.problems, QStringList());
-    QVERIFY(bench.requester.m_requested.isEmpty());
-}
-
-void TestBackend::failedTriggerIsSaidOnceAndTheCacheServes_data()
-{
-    QTest::addColumn<int>("error");
-    QTest::newRow("ENETDOWN") << ENETDOWN;
-    QTest::newRow("ENODEV") << ENODEV;
-    QTest::newRow("EOPNOTSUPP") << EOPNOTSUPP;
-    QTest::newRow("EAGAIN") << EAGAIN;
-}
-
-void TestBackend::failedTriggerIsSaidOnceAndTheCacheServes()
-{
-    QFETCH(int, error);
-    Bench bench;
-    bench.kernel.add(2, "wlan0");
-    bench.kernel.m_accessPoints = {heard()};
-    bench.kernel.m_triggerError = error;
-    for (int i = 0; i < 25; ++i) {
-        QList<ScanMap> networks;
-        QVERIFY(bench.round(&networks));
-        QCOMPARE(networks.size(), 1);
-    }
-    QCOMPARE(
-        bench.problems, QStringList{ProblemTexts::scanRefused(QStringLiteral("wlan0"), error)});
-    QVERIFY(bench.kernel.m_triggered.size() > 1);
-    QVERIFY(bench.requester.m_requested.isEmpty());
-}
-
-void TestBackend::withoutPermissionNetworkManagerIsAsked()
-{
-    Bench bench;
-    bench.kernel.add(2, "wlan0");
-    bench.kernel.m_triggerError = EPERM;
-    QVERIFY(bench.round());
-    QCOMPARE(bench.requester.m_requested, QStringList{QStringLiteral("wlan0")});
-    for (int i = 0; i < 4; ++i)
-        QVERIFY(bench.round());
-    QCOMPARE(bench.requester.m_requested.size(), 3);
-    // The kernel's answer does not change while the program runs.
-    QCOMPARE(bench.kernel.m_triggered.size(), 1);
-    QCOMPARE(bench.problems, QStringList());
-}
-
-void TestBackend::refusedRequestIsSaidOnceAndTheCacheServes_data()
-{
-    QTest::addColumn<Result>("result");
-    QTest::newRow("no bus") << Result::NoBus;
-    QTest::newRow("no service") << Result::NoService;
-    QTest::newRow("not permitted") << Result::NotPermitted;
-    QTest::newRow("not available") << Result::NotAvailable;
-    QTest::newRow("no interface") << Result::NoInterface;
-    QTest::newRow("no reply") << Result::NoReply;
-    QTest::newRow("failed") << Result::Failed;
-}
-
-void TestBackend::refusedRequestIsSaidOnceAndTheCacheServes()
-{
-    QFETCH(Result, result);
-    const ScanAnswer refusal{result, QStringLiteral("because")};
-    Bench bench;
-    bench.kernel.add(2, "wlan0");
-    bench.kernel.m_accessPoints = {heard()};
-    bench.kernel.m_triggerError = EPERM;
-    for (int i = 0; i < 25; ++i) { // 100 s
-        QList<ScanMap> networks;
-        const int requests = bench.requester.m_requested.size();
-        QVERIFY(bench.round(&networks));
-        QCOMPARE(networks.size(), 1);
-        if (bench.requester.m_requested.size() > requests)
-            bench.requester.m_answer = refusal;
-    }
-    QCOMPARE(
-        bench.problems, QStringList{ProblemTexts::scanRefused(QStringLiteral("wlan0"), refusal)});
-    const int requests = bench.requester.m_requested.size();
-    QVERIFY2(requests >= 3 && requests <= 5, qPrintable(QString::number(requests)));
-}
-
-void TestBackend::adapterThatIsNotReadyGetsASecondChance_data()
-{
-    QTest::addColumn<Result>("result");
-    QTest::newRow("not available") << Result::NotAvailable;
-    QTest::newRow("no interface") << Result::NoInterface;
-}
-
-void TestBackend::adapterThatIsNotReadyGetsASecondChance()
-{
-    QFETCH(Result, result);
-    const ScanAnswer refusal{result, QString()};
-    Bench bench;
-    bench.kernel.add(2, "wlan0");
-    bench.kernel.m_triggerError = EPERM;
-    QVERIFY(bench.round());
-    bench.requester.m_answer = refusal;
-    QVERIFY(bench.round());
-    QVERIFY(bench.round()); // asked again after the usual time
-    QCOMPARE(bench.requester.m_requested.size(), 2);
-    QCOMPARE(bench.problems, QStringList());
-    bench.requester.m_answer = ScanAnswer{Result::Accepted, QString()};
-    QVERIFY(bench.round());
-    bench.requester.m_answer = refusal;
-    QVERIFY(bench.round());
-    QCOMPARE(bench.problems, QStringList());
-    bench.requester.m_answer = refusal;
-    QVERIFY(bench.round());
-    QCOMPARE(
-        bench.problems, QStringList{ProblemTexts::scanRefused(QStringLiteral("wlan0"), refusal)});
-}
-
-void TestBackend::refusalIsOverWhenARequestIsAccepted()
-{
-    Bench bench;
-    bench.kernel.add(2, "wlan0");
-    bench.kernel.m_triggerError = EPERM;
-    const ScanAnswer refusal{Result::NoService, QString()};
-    QVERIFY(bench.round());
-    bench.requester.m_answer = refusal;
-    QVERIFY(bench.round());
-    QCOMPARE(bench.problems.size(), 1);
-    bench.requester.m_answer = ScanAnswer{Result::Accepted, QString()};
-    QVERIFY(bench.round());
-    bench.requester.m_answer = refusal;
-    QVERIFY(bench.round());
-    QCOMPARE(bench.problems.size(), 2);
-}
-
-void TestBackend::radioThatCameBackScansAtOnce()
-{
-    Bench bench;
-    bench.kernel.add(2, "wlan0");
-    QVERIFY(bench.round());
-    bench.kernel.m_states[QStringLiteral("wlan0")] = {false, true, false};
-    bench.now -= 3999; // as soon as possible after the last scan
-    QVERIFY(!bench.round());
-    bench.kernel.m_states[QStringLiteral("wlan0")] = {true, false, false};
-    bench.now -= 3999;
-    QVERIFY(bench.round());
-    QCOMPARE(bench.kernel.m_triggered.size(), 2);
-}
-
 void TestBackend::joinedNetworkAloneIsGiven()
 {
     Bench bench;
@@ -591,19 +316,6 @@ void TestBackend::addressOfTheInterfaceIsGiven()
     QVERIFY(bench.backend.address(QStringLiteral("wlan0"), address));
     QCOMPARE(address, QStringLiteral("02:00:00:00:00:00"));
     QVERIFY(!bench.backend.address(QStringLiteral("wlan7"), address));
-}
-
-void TestBackend::scanOnDemandObeysTheInterval()
-{
-    Bench bench;
-    bench.kernel.add(2, "wlan0");
-    QVERIFY(bench.backend.startScan(QStringLiteral("wlan0")));
-    QVERIFY(bench.backend.startScan(QStringLiteral("wlan0")));
-    QCOMPARE(bench.kernel.m_triggered.size(), 1);
-    QVERIFY(!bench.backend.startScan(QStringLiteral("wlan7")));
-    bench.now += 60000;
-    bench.kernel.m_triggerError = EOPNOTSUPP;
-    QVERIFY(!bench.backend.startScan(QStringLiteral("wlan0")));
 }
 
 QTEST_GUILESS_MAIN(TestBackend)

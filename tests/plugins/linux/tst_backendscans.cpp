@@ -1,0 +1,209 @@
+#include "backendbench.h"
+#include "linux/problemtexts.h"
+
+#include <QTest>
+
+#include <cerrno>
+
+using namespace LinuxWifi;
+using Result = ScanAnswer::Result;
+
+Q_DECLARE_METATYPE(LinuxWifi::ScanAnswer::Result)
+
+/// When the back end has new scans made, and by whom.
+class TestBackendScans : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void scansAreTriggeredSeldom();
+    void busyRadioIsNoProblem();
+    void failedTriggerIsSaidOnceAndTheCacheServes_data();
+    void failedTriggerIsSaidOnceAndTheCacheServes();
+    void withoutPermissionNetworkManagerIsAsked();
+    void refusedRequestIsSaidOnceAndTheCacheServes_data();
+    void refusedRequestIsSaidOnceAndTheCacheServes();
+    void adapterThatIsNotReadyGetsASecondChance_data();
+    void adapterThatIsNotReadyGetsASecondChance();
+    void refusalIsOverWhenARequestIsAccepted();
+    void radioThatCameBackScansAtOnce();
+    void scanOnDemandObeysTheInterval();
+};
+
+void TestBackendScans::scansAreTriggeredSeldom()
+{
+    Bench bench;
+    bench.kernel.add(2, "wlan0", {true, false, false}, "Home");
+    bench.kernel.m_accessPoints = {heard(true)};
+    for (int i = 0; i < 30; ++i) // 120 s
+        QVERIFY(bench.round());
+    QCOMPARE(bench.kernel.m_triggered, QVector<int>(6, 2));
+    QVERIFY(bench.requester.m_requested.isEmpty());
+    QCOMPARE(bench.problems, QStringList());
+}
+
+void TestBackendScans::busyRadioIsNoProblem()
+{
+    Bench bench;
+    bench.kernel.add(2, "wlan0");
+    bench.kernel.m_triggerError = EBUSY;
+    QVERIFY(bench.round());
+    QVERIFY(bench.round());
+    QCOMPARE(bench.kernel.m_triggered.size(), 1);
+    QCOMPARE(bench.problems, QStringList());
+    QVERIFY(bench.requester.m_requested.isEmpty());
+}
+
+void TestBackendScans::failedTriggerIsSaidOnceAndTheCacheServes_data()
+{
+    QTest::addColumn<int>("error");
+    QTest::newRow("ENETDOWN") << ENETDOWN;
+    QTest::newRow("ENODEV") << ENODEV;
+    QTest::newRow("EOPNOTSUPP") << EOPNOTSUPP;
+    QTest::newRow("EAGAIN") << EAGAIN;
+}
+
+void TestBackendScans::failedTriggerIsSaidOnceAndTheCacheServes()
+{
+    QFETCH(int, error);
+    Bench bench;
+    bench.kernel.add(2, "wlan0");
+    bench.kernel.m_accessPoints = {heard()};
+    bench.kernel.m_triggerError = error;
+    for (int i = 0; i < 25; ++i) {
+        QList<ScanMap> networks;
+        QVERIFY(bench.round(&networks));
+        QCOMPARE(networks.size(), 1);
+    }
+    QCOMPARE(
+        bench.problems, QStringList{ProblemTexts::scanRefused(QStringLiteral("wlan0"), error)});
+    QVERIFY(bench.kernel.m_triggered.size() > 1);
+    QVERIFY(bench.requester.m_requested.isEmpty());
+}
+
+void TestBackendScans::withoutPermissionNetworkManagerIsAsked()
+{
+    Bench bench;
+    bench.kernel.add(2, "wlan0");
+    bench.kernel.m_triggerError = EPERM;
+    QVERIFY(bench.round());
+    QCOMPARE(bench.requester.m_requested, QStringList{QStringLiteral("wlan0")});
+    for (int i = 0; i < 4; ++i)
+        QVERIFY(bench.round());
+    QCOMPARE(bench.requester.m_requested.size(), 3);
+    // The kernel's answer does not change while the program runs.
+    QCOMPARE(bench.kernel.m_triggered.size(), 1);
+    QCOMPARE(bench.problems, QStringList());
+}
+
+void TestBackendScans::refusedRequestIsSaidOnceAndTheCacheServes_data()
+{
+    QTest::addColumn<Result>("result");
+    QTest::newRow("no bus") << Result::NoBus;
+    QTest::newRow("no service") << Result::NoService;
+    QTest::newRow("not permitted") << Result::NotPermitted;
+    QTest::newRow("not available") << Result::NotAvailable;
+    QTest::newRow("no interface") << Result::NoInterface;
+    QTest::newRow("no reply") << Result::NoReply;
+    QTest::newRow("failed") << Result::Failed;
+}
+
+void TestBackendScans::refusedRequestIsSaidOnceAndTheCacheServes()
+{
+    QFETCH(Result, result);
+    const ScanAnswer refusal{result, QStringLiteral("because")};
+    Bench bench;
+    bench.kernel.add(2, "wlan0");
+    bench.kernel.m_accessPoints = {heard()};
+    bench.kernel.m_triggerError = EPERM;
+    for (int i = 0; i < 25; ++i) { // 100 s
+        QList<ScanMap> networks;
+        const int requests = bench.requester.m_requested.size();
+        QVERIFY(bench.round(&networks));
+        QCOMPARE(networks.size(), 1);
+        if (bench.requester.m_requested.size() > requests)
+            bench.requester.m_answer = refusal;
+    }
+    QCOMPARE(
+        bench.problems, QStringList{ProblemTexts::scanRefused(QStringLiteral("wlan0"), refusal)});
+    const int requests = bench.requester.m_requested.size();
+    QVERIFY2(requests >= 3 && requests <= 5, qPrintable(QString::number(requests)));
+}
+
+void TestBackendScans::adapterThatIsNotReadyGetsASecondChance_data()
+{
+    QTest::addColumn<Result>("result");
+    QTest::newRow("not available") << Result::NotAvailable;
+    QTest::newRow("no interface") << Result::NoInterface;
+}
+
+void TestBackendScans::adapterThatIsNotReadyGetsASecondChance()
+{
+    QFETCH(Result, result);
+    const ScanAnswer refusal{result, QString()};
+    Bench bench;
+    bench.kernel.add(2, "wlan0");
+    bench.kernel.m_triggerError = EPERM;
+    QVERIFY(bench.round());
+    bench.requester.m_answer = refusal;
+    QVERIFY(bench.round());
+    QVERIFY(bench.round()); // asked again after the usual time
+    QCOMPARE(bench.requester.m_requested.size(), 2);
+    QCOMPARE(bench.problems, QStringList());
+    bench.requester.m_answer = ScanAnswer{Result::Accepted, QString()};
+    QVERIFY(bench.round());
+    bench.requester.m_answer = refusal;
+    QVERIFY(bench.round());
+    QCOMPARE(bench.problems, QStringList());
+    bench.requester.m_answer = refusal;
+    QVERIFY(bench.round());
+    QCOMPARE(
+        bench.problems, QStringList{ProblemTexts::scanRefused(QStringLiteral("wlan0"), refusal)});
+}
+
+void TestBackendScans::refusalIsOverWhenARequestIsAccepted()
+{
+    Bench bench;
+    bench.kernel.add(2, "wlan0");
+    bench.kernel.m_triggerError = EPERM;
+    const ScanAnswer refusal{Result::NoService, QString()};
+    QVERIFY(bench.round());
+    bench.requester.m_answer = refusal;
+    QVERIFY(bench.round());
+    QCOMPARE(bench.problems.size(), 1);
+    bench.requester.m_answer = ScanAnswer{Result::Accepted, QString()};
+    QVERIFY(bench.round());
+    bench.requester.m_answer = refusal;
+    QVERIFY(bench.round());
+    QCOMPARE(bench.problems.size(), 2);
+}
+
+void TestBackendScans::radioThatCameBackScansAtOnce()
+{
+    Bench bench;
+    bench.kernel.add(2, "wlan0");
+    QVERIFY(bench.round());
+    bench.kernel.m_states[QStringLiteral("wlan0")] = {false, true, false};
+    bench.now -= 3999; // as soon as possible after the last scan
+    QVERIFY(!bench.round());
+    bench.kernel.m_states[QStringLiteral("wlan0")] = {true, false, false};
+    bench.now -= 3999;
+    QVERIFY(bench.round());
+    QCOMPARE(bench.kernel.m_triggered.size(), 2);
+}
+
+void TestBackendScans::scanOnDemandObeysTheInterval()
+{
+    Bench bench;
+    bench.kernel.add(2, "wlan0");
+    QVERIFY(bench.backend.startScan(QStringLiteral("wlan0")));
+    QVERIFY(bench.backend.startScan(QStringLiteral("wlan0")));
+    QCOMPARE(bench.kernel.m_triggered.size(), 1);
+    QVERIFY(!bench.backend.startScan(QStringLiteral("wlan7")));
+    bench.now += 60000;
+    bench.kernel.m_triggerError = EOPNOTSUPP;
+    QVERIFY(!bench.backend.startScan(QStringLiteral("wlan0")));
+}
+
+QTEST_GUILESS_MAIN(TestBackendScans)
+#include "tst_backendscans.moc"
