@@ -108,9 +108,15 @@ void TestChannelInterfaceWgt::laysTheSummaryOut()
     QCOMPARE(box->minimumSize(), QSize(480, 160));
     QCOMPARE(box->maximumSize(), QSize(480, 160));
     const QGridLayout *grid = qobject_cast<QGridLayout *>(box->layout());
-    QCOMPARE(grid->itemAtPosition(2, 0)->alignment(), Qt::Alignment(Qt::AlignHCenter));
-    QCOMPARE(grid->itemAtPosition(4, 0)->alignment(), Qt::Alignment(Qt::AlignHCenter));
-    QCOMPARE(grid->itemAtPosition(2, 2)->alignment(), Qt::Alignment(Qt::AlignLeft));
+    for (const QPoint &cell : {QPoint(0, 2), QPoint(0, 4)}) {
+        QCOMPARE(
+            grid->itemAtPosition(cell.y(), cell.x())->alignment(), Qt::Alignment(Qt::AlignHCenter));
+    }
+    for (const QPoint &cell :
+        {QPoint(0, 0), QPoint(1, 0), QPoint(0, 1), QPoint(1, 2), QPoint(2, 2), QPoint(0, 3)}) {
+        QCOMPARE(
+            grid->itemAtPosition(cell.y(), cell.x())->alignment(), Qt::Alignment(Qt::AlignLeft));
+    }
     QCOMPARE(m_panel->font().pointSize(), 11);
     for (int row : {0, 1, 3})
         QCOMPARE(summary(row, 0)->textFormat(), Qt::PlainText);

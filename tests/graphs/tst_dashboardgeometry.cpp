@@ -31,6 +31,7 @@ private slots:
     void percentageFollowsTheSignal_data();
     void percentageFollowsTheSignal();
     void offsetIsCutToWholePixels();
+    void truncatedPiShowsInWholePixels();
     void shadowNeverGetsBelowZero_data();
     void shadowNeverGetsBelowZero();
 };
@@ -236,6 +237,15 @@ void TestDashboardGeometry::offsetIsCutToWholePixels()
     QCOMPARE(offsetAt(45, 4.), QPoint(2, 2));
     QCOMPARE(offsetAt(135, 4.), QPoint(-2, 2));
     QCOMPARE(offsetAt(267, 120.), QPoint(-6, -119));
+}
+
+void TestDashboardGeometry::truncatedPiShowsInWholePixels()
+{
+    // With all digits of pi each of these ends one pixel elsewhere.
+    QCOMPARE(offsetAt(90, 120.), QPoint(0, 119));
+    QCOMPARE(offsetAt(150, 4.), QPoint(-3, 2));
+    QCOMPARE(offsetAt(180, 120.), QPoint(-119, 0));
+    QCOMPARE(offsetAt(210, 4.), QPoint(-3, -1));
 }
 
 void TestDashboardGeometry::shadowNeverGetsBelowZero_data()

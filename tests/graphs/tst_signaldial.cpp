@@ -8,6 +8,20 @@
 #include <qwt_dial_needle.h>
 #include <qwt_scale_div.h>
 
+namespace
+{
+bool shows(const QImage &image, const QRect &area, const QColor &color)
+{
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x) {
+            if (image.pixelColor(x, y) == color)
+                return true;
+        }
+    }
+    return false;
+}
+} // namespace
+
 class TestSignalDial : public QObject
 {
     Q_OBJECT
@@ -20,6 +34,7 @@ private slots:
     void isReadOnly();
     void wearsDarkGrey();
     void paintsItsWords();
+    void unitStandsAtOnePlaceInEverySize();
     void labelCanBeReplaced();
     void widgetKeepsTheSignal();
     void widgetRendersNothing();
@@ -66,7 +81,10 @@ void TestSignalDial::isADialFromMinus100To0()
     QCOMPARE(dial.scaleDiv().interval(), QwtInterval(-100., 0.));
     QCOMPARE(dial.lineWidth(), 4);
     QCOMPARE(dial.frameShadow(), QwtDial::Sunken);
-    QVERIFY(dynamic_cast<const QwtDialSimpleNeedle *>(dial.needle()));
+    const auto *needle = dynamic_cast<const QwtDialSimpleNeedle *>(dial.needle());
+    QVERIFY(needle);
+    QCOMPARE(needle->palette().color(QPalette::Mid), QColor(QStringLiteral("Goldenrod")));
+    QCOMPARE(needle->palette().color(QPalette::Base), QColor(Qt::gray).lighter(130));
 }
 
 void TestSignalDial::isReadOnly()
@@ -103,19 +121,22 @@ void TestSignalDial::paintsItsWords()
     const QImage image = dial.grab().toImage();
     QVERIFY(!log.debugs().isEmpty());
     QVERIFY(log.debugs().first().startsWith(QLatin1String("raidus ")));
-    const auto shows = [&image](const QRect &area, const QColor &color) {
-        for (int y = area.top(); y <= area.bottom(); ++y) {
-            for (int x = area.left(); x <= area.right(); ++x) {
-                if (image.pixelColor(x, y) == color)
-                    return true;
-            }
-        }
-        return false;
-    };
-    QVERIFY(shows({100, 50, 100, 50}, QColor(QStringLiteral("PaleGreen"))));
-    QVERIFY(shows({180, 130, 80, 40}, QColor(QStringLiteral("PaleGreen"))));
-    QVERIFY(shows({50, 130, 80, 40}, QColor(QStringLiteral("OrangeRed"))));
-    QVERIFY(shows({90, 170, 120, 40}, Qt::white));
+    QVERIFY(shows(image, {100, 50, 100, 50}, QColor(QStringLiteral("PaleGreen"))));
+    QVERIFY(shows(image, {180, 130, 80, 40}, QColor(QStringLiteral("PaleGreen"))));
+    QVERIFY(shows(image, {50, 130, 80, 40}, QColor(QStringLiteral("OrangeRed"))));
+    QVERIFY(shows(image, {90, 170, 120, 40}, Qt::white));
+}
+
+void TestSignalDial::unitStandsAtOnePlaceInEverySize()
+{
+    const QRect middle(130, 180, 40, 20);
+    for (int size : {300, 400}) {
+        SignalDial dial;
+        dial.resize(size, size);
+        QVERIFY(shows(dial.grab().toImage(), middle, Qt::white));
+        dial.setLabel(QString());
+        QVERIFY(!shows(dial.grab().toImage(), middle, Qt::white));
+    }
 }
 
 void TestSignalDial::labelCanBeReplaced()

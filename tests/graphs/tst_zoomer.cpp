@@ -253,10 +253,12 @@ void TestZoomer::timeGraphIsNeverZoomed()
     plot.onDataReturned({TestAir::network(Home)});
     auto *zoomer = plot.canvas()->findChild<Zoomer *>();
     QVERIFY(zoomer);
-    QVERIFY(zoomer->mouseMatch(QwtEventPattern::MouseSelect2,
-        std::make_unique<QMouseEvent>(QEvent::MouseButtonPress, QPointF(), Qt::RightButton,
-            Qt::RightButton, Qt::ControlModifier)
-            .get()));
+    const QMouseEvent second(
+        QEvent::MouseButtonPress, QPointF(), Qt::RightButton, Qt::RightButton, Qt::ControlModifier);
+    const QMouseEvent third(
+        QEvent::MouseButtonPress, QPointF(), Qt::RightButton, Qt::RightButton, Qt::NoModifier);
+    QVERIFY(zoomer->mouseMatch(QwtEventPattern::MouseSelect2, &second));
+    QVERIFY(zoomer->mouseMatch(QwtEventPattern::MouseSelect3, &third));
     const QwtInterval time = plot.axisInterval(QwtPlot::xBottom);
     const QwtInterval signal = plot.axisInterval(QwtPlot::yLeft);
     GraphTest::handleLikeAZoomingUser(plot.canvas());
