@@ -4,6 +4,7 @@
 #include "common/diagnostics.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QTextLayout>
 
@@ -95,4 +96,19 @@ LineTableWidget::LineTableWidget(QWidget *parent)
     verticalHeader()->setVisible(false);
     horizontalHeader()->setVisible(false);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    // Tab leaves the table, for the buttons beside it.
+    setTabKeyNavigation(false);
+    setAccessibleName(QStringLiteral("Rooms"));
+}
+
+void LineTableWidget::keyPressEvent(QKeyEvent *event)
+{
+    const bool clicks = event->key() == Qt::Key_Space || event->key() == Qt::Key_Return ||
+                        event->key() == Qt::Key_Enter;
+    if (!clicks || currentRow() < 0) {
+        QTableWidget::keyPressEvent(event);
+        return;
+    }
+    selectRow(currentRow());
+    emit cellClicked(currentRow(), currentColumn());
 }

@@ -35,6 +35,10 @@ class LineTableWidget : public QTableWidget
 
 public:
     explicit LineTableWidget(QWidget *parent = nullptr);
+
+protected:
+    /// As the base; Space and Return click the current cell.
+    void keyPressEvent(QKeyEvent *event) override;
 };
 
 #endif

@@ -96,6 +96,9 @@ QWidget *SignalHomeTestingWgt::CreateButtonColumn()
     m_pDelBtn = new QPushButton(QtCommonTools::tr(LanguageLabels::m_strHomeDelRoom));
     m_pDelBtn->setObjectName(QStringLiteral("HomeTesting_btn_Del"));
     m_pDelBtn->setEnabled(false);
+    // Return presses them too, as in a dialog.
+    for (QPushButton *button : {m_pAddBtn, m_pEditBtn, m_pDelBtn})
+        button->setAutoDefault(true);
 
     QWidget *column = new QWidget(this);
     column->setFixedWidth(m_iBtnColumnWidth);

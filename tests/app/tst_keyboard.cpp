@@ -8,6 +8,8 @@
 #include <QPushButton>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTableWidget>
+#include <QTimer>
 #include <QtTest>
 
 /// The window without a mouse.
@@ -29,6 +31,7 @@ private slots:
     void arrowsChooseTheTab();
     void arrowsChooseTheNetworkAndSpaceTicksIt();
     void spaceTicksAllNetworks();
+    void roomIsChosenAndTestedByKeyboard();
     void everythingHasAnAccessibleName_data();
     void everythingHasAnAccessibleName();
 
@@ -84,6 +87,9 @@ void TestKeyboard::tabReachesEveryControl_data()
     QTest::newRow("signal graph") << 0 << always;
     QTest::newRow("channel graph") << 1 << always;
     QTest::newRow("channel interference") << 2 << always;
+    QTest::newRow("home testing") << 3
+                                  << always + QByteArrayList{"HomeTesting_TabWgt_Home_List",
+                                                  "HomeTesting_btn_Add"};
 }
 
 void TestKeyboard::tabReachesEveryControl()
@@ -194,11 +200,43 @@ void TestKeyboard::spaceTicksAllNetworks()
     }
 }
 
+void TestKeyboard::roomIsChosenAndTestedByKeyboard()
+{
+    m_window->child<QTabWidget>("tabWidget")->setCurrentIndex(3);
+    auto *rooms = m_window->child<QTableWidget>("HomeTesting_TabWgt_Home_List");
+    rooms->setFocus();
+    QTest::keyClick(rooms, Qt::Key_Down);
+    const int row = rooms->currentRow();
+    QVERIFY(row >= 0);
+    QTest::keyClick(rooms, Qt::Key_Space);
+    auto *test = rooms->cellWidget(row, 1)->findChild<QPushButton *>();
+    QVERIFY(test->isVisible());
+    QVERIFY(m_window->child<QPushButton>("HomeTesting_btn_Edit")->isEnabled());
+    QVERIFY(focusRound().contains(test));
+
+    // Return chooses the next room just as well.
+    rooms->setFocus();
+    QTest::keyClick(rooms, Qt::Key_Down);
+    QTest::keyClick(rooms, Qt::Key_Return);
+    QVERIFY(!test->isVisible());
+    test = rooms->cellWidget(rooms->currentRow(), 1)->findChild<QPushButton *>();
+    QVERIFY(test->isVisible());
+    QSignalSpy pressed(test, &QPushButton::clicked);
+    test->setFocus();
+    QTimer::singleShot(0, [] {
+        if (QWidget *notice = QApplication::activeModalWidget())
+            notice->close();
+    });
+    QTest::keyClick(test, Qt::Key_Return);
+    QCOMPARE(pressed.size(), 1);
+}
+
 void TestKeyboard::everythingHasAnAccessibleName_data()
 {
     QTest::addColumn<QString>("object");
-    for (const char *name : {"minimize", "maximize", "restore", "close1",
-             "SignalTreeView_pCheckAll", "treeView", "tabBar", "qwtPlot", "Dial"})
+    for (const char *name :
+        {"minimize", "maximize", "restore", "close1", "SignalTreeView_pCheckAll", "treeView",
+            "tabBar", "qwtPlot", "Dial", "HomeTesting_TabWgt_Home_List"})
         QTest::newRow(name) << QString::fromLatin1(name);
     for (const char *className : {"Signal2GPlot", "Signal5GPlot"})
         QTest::newRow(className) << QString::fromLatin1(className);
