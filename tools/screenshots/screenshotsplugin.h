@@ -17,7 +17,7 @@ class ScreenshotsPlugin : public QGenericPlugin
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "screenshots.json")
 
 public:
-    QObject *create(const QString &key, const QString &specification) override;
+    QObject *create(const QString &key, const QString &parameters) override;
 };
 
 /// Does the work of ScreenshotsPlugin, once the window is there. GUI thread.

@@ -14,7 +14,7 @@ class WatchPlugin : public QGenericPlugin
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "watch.json")
 
 public:
-    QObject *create(const QString &key, const QString &specification) override;
+    QObject *create(const QString &key, const QString &parameters) override;
 };
 
 /// Writes "painted WALL CPU" to the standard output when the first window has been painted whole:

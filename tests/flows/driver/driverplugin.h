@@ -15,7 +15,7 @@ class DriverPlugin : public QGenericPlugin
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "driver.json")
 
 public:
-    QObject *create(const QString &key, const QString &specification) override;
+    QObject *create(const QString &key, const QString &parameters) override;
 };
 
 /// Answers each line on the local socket AIRLUME_DRIVER with a line of JSON:
