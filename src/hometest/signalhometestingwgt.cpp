@@ -21,7 +21,7 @@ namespace
 enum Column { RoomColumn, TestColumn, ColumnCount };
 
 const int RowHeight = 65;
-const int PictureStretch = 132;
+const int PictureStretch = 132; // kept: alone in its column, any factor does
 // Asked before adding, so one more than this many rooms can exist: intended.
 const int MostRoomsBeforeAdding = 200;
 } // namespace
