@@ -228,11 +228,7 @@ void SignalHomeTestingWgt::ClickedTestBtn()
     }
     const QString room = RoomText::RoomOf(item->text());
     const HomeTest_Value old = (*QtCommonTools::GetHomeTestingIni())[room];
-    HomeTest_Value value;
-    value.nowPercent = m_iCurrentPercent;
-    value.nowSpeed = m_iCurrentSpeed;
-    value.lastPercent = old.nowPercent;
-    value.lastSpeed = old.nowSpeed;
+    const HomeTest_Value value{m_iCurrentPercent, m_iCurrentSpeed, old.nowPercent, old.nowSpeed};
     item->setText(RoomText::CellText(room, value));
     QtCommonTools::UpdateHomeValueToINI(room, value);
 }
