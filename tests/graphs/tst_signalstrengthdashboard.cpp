@@ -64,6 +64,8 @@ private slots:
     void handPointsAtTheSignal();
     void sectorIsFilledUpToTheHand();
     void minus41FillsTheUncorrectedSector();
+    void rimAndHandThrowShadows();
+    void boxAndCaptionHoldTheirTexts();
     void paintingIsQuietForEverySignal_data();
     void paintingIsQuietForEverySignal();
     void tellsSignalAndPercentage_data();
@@ -211,6 +213,51 @@ void TestSignalStrengthDashboard::minus41FillsTheUncorrectedSector()
     QCOMPARE(GaugePicture::colorAt(picture(gauge), 294, 105.), Slip);
     gauge.SetSignalValue(-40);
     QVERIFY(GaugePicture::colorAt(picture(gauge), 298, 105.) != Slip);
+}
+
+void TestSignalStrengthDashboard::rimAndHandThrowShadows()
+{
+    QWidget frame;
+    Gauge gauge(&frame);
+    gauge.onNetworkReturned(Home);
+    gauge.SetSignalValue(-60);
+    const QImage image = picture(gauge);
+    const QColor background = image.pixelColor(2, 2);
+    // Just outside the rim: dark to the lower right, nothing to the upper left.
+    QVERIFY(GaugePicture::colorAt(image, 45, 126.).lightness() < background.lightness() - 10);
+    QCOMPARE(GaugePicture::colorAt(image, 225, 126.), background);
+    // Just beside the hand, on the side that is not filled.
+    const QColor besideTheHand = GaugePicture::colorAt(image, 247 + 7, 60.);
+    QVERIFY(besideTheHand.lightness() < Face.lightness() - 10);
+    QCOMPARE(besideTheHand.saturation(), 0);
+}
+
+void TestSignalStrengthDashboard::boxAndCaptionHoldTheirTexts()
+{
+    QWidget frame;
+    Gauge gauge(&frame);
+    gauge.onNetworkReturned(Home);
+    gauge.SetSignalValue(-60);
+    const QImage image = picture(gauge);
+    const auto reaches = [&image](const QRect &area, bool light) {
+        for (int y = area.top(); y <= area.bottom(); ++y) {
+            for (int x = area.left(); x <= area.right(); ++x) {
+                const int lightness = image.pixelColor(x, y).lightness();
+                if (light ? lightness > 200 : lightness < 80)
+                    return true;
+            }
+        }
+        return false;
+    };
+    // The box is (105, 167, 110, 30): the number from 130 on, the unit from 165 on.
+    QCOMPARE(image.pixelColor(110, 190), QColor(Qt::black));
+    QVERIFY(!reaches({108, 172, 21, 20}, true));
+    QVERIFY(reaches({130, 174, 32, 14}, true));
+    QVERIFY(reaches({165, 174, 35, 14}, true));
+    // Below it the caption from 105 on and the percentage from 150 on.
+    QVERIFY(reaches({105, 203, 100, 13}, false));
+    QVERIFY(reaches({150, 221, 30, 13}, false));
+    QVERIFY(!reaches({105, 221, 44, 13}, false));
 }
 
 void TestSignalStrengthDashboard::paintingIsQuietForEverySignal_data()
