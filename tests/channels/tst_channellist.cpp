@@ -101,17 +101,20 @@ void TestChannelList::listsOneRowAndOneSeparatorPerChannel()
     QCOMPARE(cell(0, 0)->text(), text("1"));
     QCOMPARE(cell(1, 0)->text(), text("36"));
     QCOMPARE(cell(2, 0)->text(), text("149"));
+    const QImage image = sheet()->grab().toImage();
     for (int row = 0; row < 3; ++row) {
         QCOMPARE(grid->rowMinimumHeight(1 + 2 * row), 30);
         QCOMPARE(cell<QProgressBar>(row, 1)->size(), QSize(120, 20));
         QVERIFY(!cell<QProgressBar>(row, 1)->isTextVisible());
+        for (int column : {0, 1, 3})
+            QCOMPARE(grid->itemAtPosition(1 + 2 * row, column)->alignment(), Qt::AlignCenter);
         QCOMPARE(
             grid->itemAtPosition(1 + 2 * row, 2)->alignment(), Qt::AlignLeft | Qt::AlignVCenter);
         QWidget *separator = grid->itemAtPosition(2 + 2 * row, 0)->widget();
         QCOMPARE(separator, grid->itemAtPosition(2 + 2 * row, 3)->widget());
         QCOMPARE(separator->minimumHeight(), 2);
         QCOMPARE(separator->maximumHeight(), 2);
-        QCOMPARE(separator->palette().color(QPalette::Window), QColor(229, 229, 251));
+        QCOMPARE(image.pixelColor(separator->pos()), QColor(229, 229, 251));
     }
 }
 

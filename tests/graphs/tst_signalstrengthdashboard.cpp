@@ -64,6 +64,7 @@ private slots:
     void handPointsAtTheSignal();
     void sectorIsFilledUpToTheHand();
     void minus41FillsTheUncorrectedSector();
+    void rimIsSevenPixelsWideAndSmooth();
     void rimAndHandThrowShadows();
     void boxAndCaptionHoldTheirTexts();
     void paintingIsQuietForEverySignal_data();
@@ -213,6 +214,26 @@ void TestSignalStrengthDashboard::minus41FillsTheUncorrectedSector()
     QCOMPARE(GaugePicture::colorAt(picture(gauge), 294, 105.), Slip);
     gauge.SetSignalValue(-40);
     QVERIFY(GaugePicture::colorAt(picture(gauge), 298, 105.) != Slip);
+}
+
+void TestSignalStrengthDashboard::rimIsSevenPixelsWideAndSmooth()
+{
+    QWidget frame;
+    Gauge gauge(&frame);
+    gauge.onNetworkReturned(Home);
+    gauge.SetSignalValue(-100); // no sector in the way
+    const QImage image = picture(gauge);
+    const QColor background = image.pixelColor(2, 2);
+    // From the outside: the white rim around 120, the black one around 112.5, the face.
+    QCOMPARE(GaugePicture::colorAt(image, 225, 120.), QColor(Qt::white));
+    QCOMPARE(GaugePicture::colorAt(image, 225, 114.), QColor(Qt::black));
+    QCOMPARE(GaugePicture::colorAt(image, 225, 112.), QColor(Qt::black));
+    int between = 0;
+    for (int angle = 215; angle < 235; ++angle) {
+        const QColor edge = GaugePicture::colorAt(image, angle, 123.5);
+        between += edge != background && edge != QColor(Qt::white) ? 1 : 0;
+    }
+    QVERIFY2(between >= 5, qPrintable(QString::number(between)));
 }
 
 void TestSignalStrengthDashboard::rimAndHandThrowShadows()

@@ -231,6 +231,8 @@ void TestRoomFlows::holds201Rooms()
     m_hand.add(QStringLiteral("Room 200"));
     QCOMPARE(m_hand.table()->rowCount(), 201);
     QCOMPARE(m_hand.cell(200), QStringLiteral("Room 200\nN/A\nN/A"));
+    QVERIFY(m_hand.table()->viewport()->rect().contains(
+        m_hand.table()->visualItemRect(m_hand.table()->item(200, 0))));
 
     QString notice;
     ModalHand hand;
