@@ -105,10 +105,11 @@ void LineTableWidget::keyPressEvent(QKeyEvent *event)
 {
     const bool clicks = event->key() == Qt::Key_Space || event->key() == Qt::Key_Return ||
                         event->key() == Qt::Key_Enter;
-    if (!clicks || currentRow() < 0) {
-        QTableWidget::keyPressEvent(event);
+    const int before = currentRow();
+    QTableWidget::keyPressEvent(event);
+    // The highlighted room is always the chosen one: nothing else may be renamed or deleted.
+    if (currentRow() < 0 || (!clicks && currentRow() == before))
         return;
-    }
     selectRow(currentRow());
     emit cellClicked(currentRow(), currentColumn());
 }

@@ -37,7 +37,7 @@ public:
     explicit LineTableWidget(QWidget *parent = nullptr);
 
 protected:
-    /// As the base; Space and Return click the current cell.
+    /// As the base; moving to another row, Space and Return click the current cell.
     void keyPressEvent(QKeyEvent *event) override;
 };
 

@@ -19,6 +19,9 @@ private slots:
     void allLinesOfACellAreShown();
     void aLongLineIsElidedNotWrapped();
     void anEmptyCellIsLeftAlone();
+    void keysChooseRooms();
+    void keysInAnEmptyTableChooseNothing();
+    void tabLeavesTheTable();
 
 private:
     static QStyleOptionViewItem prepared(LineTableWidget &table);
@@ -185,6 +188,43 @@ void TestLineTableWidget::anEmptyCellIsLeftAlone()
     table.setColumnCount(1);
     table.setRowCount(1);
     QCOMPARE(prepared(table).text, QString());
+}
+
+void TestLineTableWidget::keysChooseRooms()
+{
+    LineTableWidget table;
+    table.setColumnCount(2);
+    table.setRowCount(3);
+    table.setCurrentCell(0, 0);
+    QSignalSpy clicked(&table, &QTableWidget::cellClicked);
+    QTest::keyClick(&table, Qt::Key_Down);
+    QCOMPARE(clicked.takeLast(), QVariantList({1, 0}));
+    // Within the row nothing is chosen anew.
+    QTest::keyClick(&table, Qt::Key_Right);
+    QCOMPARE(clicked.size(), 0);
+    for (Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+        QTest::keyClick(&table, key);
+        QCOMPARE(clicked.size(), 1);
+        QCOMPARE(clicked.takeLast().first().toInt(), 1);
+    }
+    QVERIFY(table.selectionModel()->isRowSelected(1, QModelIndex()));
+}
+
+void TestLineTableWidget::keysInAnEmptyTableChooseNothing()
+{
+    LineTableWidget table;
+    table.setColumnCount(2);
+    QSignalSpy clicked(&table, &QTableWidget::cellClicked);
+    for (Qt::Key key : {Qt::Key_Down, Qt::Key_Space, Qt::Key_Return})
+        QTest::keyClick(&table, key);
+    QCOMPARE(clicked.size(), 0);
+}
+
+void TestLineTableWidget::tabLeavesTheTable()
+{
+    LineTableWidget table;
+    QVERIFY(!table.tabKeyNavigation());
+    QVERIFY(!table.accessibleName().isEmpty());
 }
 
 QTEST_MAIN(TestLineTableWidget)
