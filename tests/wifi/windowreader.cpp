@@ -1,6 +1,6 @@
 // Opens Airlume's window and prints once a second what it shows, as one line of JSON: the rows of
-// the list in the form of scan maps (without the blanks at the end of repeated names), and the
-// texts of all labels.
+// the list in the form of scan maps (without the blanks at the end of repeated names), the texts of
+// all labels, and the first room's results. Tests that room each time while a network is joined.
 
 #include "app/airlume.h"
 #include "netlist/signaltreeview.h"
@@ -10,6 +10,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLabel>
+#include <QPushButton>
+#include <QTableWidget>
 #include <QTextStream>
 #include <QTimer>
 
@@ -33,6 +35,20 @@ QJsonArray rowsOf(const QAbstractItemModel &model)
     return rows;
 }
 
+/// Text of the first room's cell, after another test of the room when a network is joined: without
+/// one the test would end in a notice that waits for a hand.
+QString testedRoom(const QWidget &window)
+{
+    auto *const rooms =
+        window.findChild<QTableWidget *>(QStringLiteral("HomeTesting_TabWgt_Home_List"));
+    const auto *const joined = window.findChild<QLabel *>(QStringLiteral("label_connectedto"));
+    if (joined->text().startsWith(QLatin1String("Connected to "))) {
+        emit rooms->cellClicked(0, 0);
+        rooms->cellWidget(0, 1)->findChild<QPushButton *>()->click();
+    }
+    return rooms->item(0, 0)->text();
+}
+
 void print(const QWidget &window)
 {
     const auto *const list = window.findChild<SignalTreeView *>();
@@ -40,8 +56,8 @@ void print(const QWidget &window)
     const QList<QLabel *> children = window.findChildren<QLabel *>();
     for (const QLabel *const label : children)
         labels.append(label->text());
-    const QJsonObject object{
-        {QStringLiteral("data"), rowsOf(*list->model())}, {QStringLiteral("labels"), labels}};
+    const QJsonObject object{{QStringLiteral("data"), rowsOf(*list->model())},
+        {QStringLiteral("labels"), labels}, {QStringLiteral("room"), testedRoom(window)}};
     QTextStream(stdout) << QJsonDocument(object).toJson(QJsonDocument::Compact) << Qt::endl;
 }
 } // namespace
