@@ -152,8 +152,9 @@ bool Airlume::buildListArea(QBoxLayout *column)
     m_pConnectedLabel->setObjectName(QStringLiteral("label_connectedto"));
     m_pConnectedLabel->setMinimumHeight(20);
     m_pConnectedLabel->setAlignment(Qt::AlignCenter);
-    labelRow->addWidget(m_pConnectedLabel);
-    gaugeColumn->addLayout(labelRow);
+    // Right below the gauge, however high the window.
+    labelRow->addWidget(m_pConnectedLabel, 0, Qt::AlignTop);
+    gaugeColumn->addLayout(labelRow, 1);
     return true;
 }
 

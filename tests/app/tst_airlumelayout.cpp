@@ -201,7 +201,7 @@ void TestAirlumeLayout::everyLayoutHasItsContents_data()
         << QStringList({QStringLiteral("Dial AlignTop"), QStringLiteral("horizontalLayout_4")});
     QTest::newRow("horizontalLayout_4")
         << QByteArray("QHBoxLayout") << QStringLiteral("verticalLayout_2")
-        << QStringList({QStringLiteral("label_connectedto")});
+        << QStringList({QStringLiteral("label_connectedto AlignTop")});
     QTest::newRow("horizontalLayout5")
         << QByteArray("QHBoxLayout") << QStringLiteral("verticalLayout_3")
         << QStringList({QStringLiteral("tabWidget")});
