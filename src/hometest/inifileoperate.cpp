@@ -24,6 +24,20 @@ void cutToPrefix(QString &key)
 {
     key.truncate(key.lastIndexOf(Separator) + 1);
 }
+
+// A key of a room's group and the number it holds.
+struct Field {
+    const QString &key;
+    int HomeTest_Value::*number;
+};
+
+// In the order in which they are read and written.
+const Field Fields[] = {
+    {LanguageLabels::m_strHomeTestININowPercent, &HomeTest_Value::nowPercent},
+    {LanguageLabels::m_strHomeTestININowSpeed, &HomeTest_Value::nowSpeed},
+    {LanguageLabels::m_strHomeTestINILastPercent, &HomeTest_Value::lastPercent},
+    {LanguageLabels::m_strHomeTestINILastSpeed, &HomeTest_Value::lastSpeed},
+};
 } // namespace
 
 /// Marks an operation that changes the file. The file is written once, when the outermost one ends,
@@ -76,17 +90,11 @@ void IniFileOperate::GetWifiHomeTestIni(QMap<QString, HomeTest_Value> &rooms)
     const QStringList groups = m_pSettings->childGroups();
     for (const QString &room : groups) {
         QString key = room + Separator;
-        key += LanguageLabels::m_strHomeTestININowPercent;
-        GetIntValue(key, value.nowPercent);
-        cutToPrefix(key);
-        key += LanguageLabels::m_strHomeTestININowSpeed;
-        GetIntValue(key, value.nowSpeed);
-        cutToPrefix(key);
-        key += LanguageLabels::m_strHomeTestINILastPercent;
-        GetIntValue(key, value.lastPercent);
-        cutToPrefix(key);
-        key += LanguageLabels::m_strHomeTestINILastSpeed;
-        GetIntValue(key, value.lastSpeed);
+        for (const Field &field : Fields) {
+            key += field.key;
+            GetIntValue(key, value.*field.number);
+            cutToPrefix(key);
+        }
         rooms[room] = value;
     }
 }
@@ -115,17 +123,11 @@ void IniFileOperate::SetIntValueToHomeTestINI(const QString &room, const HomeTes
 {
     const Change change(*this);
     QString key = room + Separator;
-    key += LanguageLabels::m_strHomeTestININowPercent;
-    SetIntValue(key, value.nowPercent);
-    cutToPrefix(key);
-    key += LanguageLabels::m_strHomeTestININowSpeed;
-    SetIntValue(key, value.nowSpeed);
-    cutToPrefix(key);
-    key += LanguageLabels::m_strHomeTestINILastPercent;
-    SetIntValue(key, value.lastPercent);
-    cutToPrefix(key);
-    key += LanguageLabels::m_strHomeTestINILastSpeed;
-    SetIntValue(key, value.lastSpeed);
+    for (const Field &field : Fields) {
+        key += field.key;
+        SetIntValue(key, value.*field.number);
+        cutToPrefix(key);
+    }
 }
 
 void IniFileOperate::AddWifiHomeTestIni(
