@@ -8,6 +8,7 @@
 
 #include <cstring>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/un.h>
 #include <unistd.h>
 
@@ -52,6 +53,8 @@ private slots:
     void takesTheNameOverFromALivingServer();
     void releaseStopsListeningAndMayBeRepeated();
     void stopsListeningWhenDestroyed();
+    void belongsToItsUserAlone();
+    void leavesADirectoryOfItsNameAlone();
     void saysNothingWhenListeningFails();
 };
 
@@ -158,6 +161,35 @@ void TestIpcLocalServer::stopsListeningWhenDestroyed()
     }
     QVERIFY(!someoneListens());
     QVERIFY(!QFile::exists(QDir::tempPath() + QLatin1Char('/') + Name));
+}
+
+void TestIpcLocalServer::belongsToItsUserAlone()
+{
+    // Also where whatever is made is for everybody.
+    const mode_t mask = umask(0);
+    const IpcLocalServer server(Name);
+    umask(mask);
+    struct stat status;
+    const QByteArray path = QFile::encodeName(QDir::tempPath() + QLatin1Char('/') + Name);
+    QCOMPARE(stat(path.constData(), &status), 0);
+    QVERIFY(S_ISSOCK(status.st_mode));
+    QCOMPARE(status.st_mode & 0777u, 0700u);
+    QVERIFY(someoneListens());
+}
+
+void TestIpcLocalServer::leavesADirectoryOfItsNameAlone()
+{
+    QDir temporary(QDir::tempPath());
+    QVERIFY(temporary.mkpath(Name + QStringLiteral("/inside")));
+    {
+        const IpcLocalServer server(Name);
+        QVERIFY(!someoneListens());
+    }
+    QVERIFY(temporary.exists(Name + QStringLiteral("/inside")));
+    QVERIFY(QDir(temporary.filePath(Name)).removeRecursively());
+    // Nothing else was left: what the attempt made for itself is gone.
+    QCOMPARE(
+        temporary.entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot), QStringList());
 }
 
 void TestIpcLocalServer::saysNothingWhenListeningFails()
