@@ -10,6 +10,8 @@ IpcLocalServer::IpcLocalServer(const QString &name)
 {
     // Connections are never taken from the queue, and a full one would turn copies away unseen.
     m_pServer->setMaxPendingConnections(std::numeric_limits<int>::max());
+    // The temporary folder may be shared: another user's start is none of this copy's business.
+    m_pServer->setSocketOptions(QLocalServer::UserAccessOption);
     QLocalServer::removeServer(m_strServerName);
     m_pServer->listen(m_strServerName);
     connect(m_pServer, SIGNAL(newConnection()), this, SLOT(slotNewConnection()));

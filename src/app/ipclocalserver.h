@@ -6,7 +6,8 @@
 
 class QLocalServer;
 
-/// The local server that a second copy of the program finds, and then ends. GUI thread only.
+/// The local server that a second copy of the program finds, and then ends. Only copies of the same
+/// user find it. GUI thread only.
 class IpcLocalServer : public QObject
 {
     Q_OBJECT
