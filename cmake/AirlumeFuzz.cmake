@@ -1,12 +1,13 @@
 # airlume_add_fuzz_test(NAME fuzz_x SOURCES <absolute path>... RUNS count [SEEDS <absolute path>...]
-#                       [INCLUDE_DIRECTORIES ...] [LIBRARIES Qt5::Core ...] [MAX_LENGTH octets])
+#                       [INCLUDE_DIRECTORIES ...] [LIBRARIES Qt5::Core ...] [MAX_LENGTH octets]
+#                       [DICTIONARY <absolute path>])
 #
 # A libFuzzer target (sources with LLVMFuzzerTestOneInput) as a test that tries a bounded number of
 # inputs, starting from the seeds. It is built by clang with AddressSanitizer and
 # UndefinedBehaviorSanitizer, whatever compiler builds the rest; where clang or its fuzzer runtime
 # is missing the test is skipped. It runs in the plain build only: it brings its own sanitizers.
 function(airlume_add_fuzz_test)
-    cmake_parse_arguments(ARG "" "NAME;RUNS;MAX_LENGTH"
+    cmake_parse_arguments(ARG "" "NAME;RUNS;MAX_LENGTH;DICTIONARY"
         "SOURCES;SEEDS;INCLUDE_DIRECTORIES;LIBRARIES" ${ARGN})
     if(AIRLUME_SANITIZE)
         return()
@@ -44,13 +45,24 @@ function(airlume_add_fuzz_test)
         COMMENT "Building the fuzz target ${ARG_NAME}")
     add_custom_target(${ARG_NAME} ALL DEPENDS "${program}")
 
-    # A finding ends with 1: the fuzzer's own 77 would count as skipped.
-    # The seeds are named in a file, so that nothing new is written into the source tree.
+    # The flags that tests/fuzz/long.sh shares, and the list it chooses from. The seeds are named in
+    # a file, so that nothing new is written into the source tree.
     list(JOIN ARG_SEEDS "," seeds)
     file(WRITE "${program}.seeds" "${seeds}")
+    set(options -max_len=${ARG_MAX_LENGTH} "-seed_inputs=@${program}.seeds")
+    if(ARG_DICTIONARY)
+        list(APPEND options "-dict=${ARG_DICTIONARY}")
+    endif()
+    list(JOIN options "\n" lines)
+    file(WRITE "${program}.options" "${lines}\n")
+    set_property(GLOBAL APPEND_STRING PROPERTY AIRLUME_FUZZ_TARGETS "${ARG_NAME}\n")
+    get_property(targets GLOBAL PROPERTY AIRLUME_FUZZ_TARGETS)
+    file(WRITE "${PROJECT_BINARY_DIR}/fuzztargets" "${targets}")
+
+    # A finding ends with 1: the fuzzer's own 77 would count as skipped.
     airlume_register_test(NAME ${ARG_NAME} TIMEOUT 300 LABELS fuzz
-        COMMAND "${program}" -runs=${ARG_RUNS} -seed=1 -max_len=${ARG_MAX_LENGTH} -timeout=20
-            -error_exitcode=1 -verbosity=1 "-seed_inputs=@${program}.seeds" "-artifact_prefix=${program}.")
+        COMMAND "${program}" -runs=${ARG_RUNS} -seed=1 ${options} -timeout=20 -error_exitcode=1
+            -verbosity=1 "-artifact_prefix=${program}.")
 endfunction()
 
 # Looks for a clang that can build and link fuzz targets, once. Sets AIRLUME_FUZZ_CXX and
