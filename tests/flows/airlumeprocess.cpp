@@ -33,7 +33,7 @@ AirlumeProcess::AirlumeProcess(const QString &backEnd)
         plugins.append(inBuildTree(backEnd));
     setEnvironment(QStringLiteral("QT_PLUGIN_PATH"), plugins.join(QLatin1Char(':')));
     setEnvironment(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("airlumedriver"));
-    setEnvironment(QStringLiteral("AIRLUME_DRIVER"), m_folder.filePath(QStringLiteral("driver")));
+    setEnvironment(QStringLiteral("AIRLUME_DRIVER"), driverPath());
     m_process.setProgram(program);
     m_process.setProcessChannelMode(QProcess::MergedChannels);
 }
@@ -42,11 +42,22 @@ AirlumeProcess::~AirlumeProcess()
 {
     if (isRunning())
         kill();
+    QFile::remove(driverPath());
 }
 
 void AirlumeProcess::setEnvironment(const QString &name, const QString &value)
 {
     m_environment.insert(name, value);
+}
+
+void AirlumeProcess::setUser(uint userId)
+{
+    const QString id = QString::number(userId);
+    m_process.setArguments({QStringLiteral("--reuid=") + id, QStringLiteral("--regid=") + id,
+        QStringLiteral("--clear-groups"), m_process.program()});
+    m_process.setProgram(QStringLiteral("setpriv"));
+    if (chown(QFile::encodeName(m_folder.path()).constData(), userId, userId) != 0)
+        qWarning("Cannot give %s away", qPrintable(m_folder.path()));
 }
 
 void AirlumeProcess::setScenario(const QByteArray &json)
@@ -89,10 +100,35 @@ QString AirlumeProcess::output()
     return QString::fromUtf8(m_output);
 }
 
+qint64 AirlumeProcess::processorTime() const
+{
+    QFile file(QStringLiteral("/proc/%1/stat").arg(processId()));
+    if (!file.open(QIODevice::ReadOnly))
+        return -1;
+    // Behind the name, which may hold anything: state, ten more fields, user and system time.
+    const QByteArray stat = file.readAll();
+    const QList<QByteArray> fields = stat.mid(stat.lastIndexOf(')') + 2).split(' ');
+    const qint64 ticks = fields.value(11).toLongLong() + fields.value(12).toLongLong();
+    return ticks * 1000 / sysconf(_SC_CLK_TCK);
+}
+
+qint64 AirlumeProcess::peakMemory() const
+{
+    QFile file(QStringLiteral("/proc/%1/status").arg(processId()));
+    if (!file.open(QIODevice::ReadOnly))
+        return -1;
+    const QList<QByteArray> lines = file.readAll().split('\n');
+    for (const QByteArray &line : lines) {
+        if (line.startsWith("VmHWM:"))
+            return line.mid(6).trimmed().split(' ').first().toLongLong() * 1024;
+    }
+    return -1;
+}
+
 QJsonObject AirlumeProcess::ask(const QString &line)
 {
     if (m_socket.state() != QLocalSocket::ConnectedState) {
-        m_socket.connectToServer(m_folder.filePath(QStringLiteral("driver")));
+        m_socket.connectToServer(driverPath());
         if (!m_socket.waitForConnected(AnswerTimeoutMs))
             return {};
     }

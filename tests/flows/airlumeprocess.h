@@ -21,6 +21,8 @@ public:
 
     /// A further environment variable, before start().
     void setEnvironment(const QString &name, const QString &value);
+    /// Runs the program as that user, who gets its folder too. Only root may; before start().
+    void setUser(uint userId);
     /// Text of a scenario file for the simulated back end, before start().
     void setScenario(const QByteArray &json);
 
@@ -49,7 +51,13 @@ public:
     /// Looks until `reached` says so.
     bool waitFor(const std::function<bool(const QJsonObject &)> &reached, int timeoutMs = 60000);
 
+    /// Processor time the running process has used so far, in ms; -1 when it cannot be told.
+    qint64 processorTime() const;
+    /// The most memory the running process has used so far, in bytes; -1 when it cannot be told.
+    qint64 peakMemory() const;
+
 private:
+    QString driverPath() const { return m_folder.path() + QStringLiteral(".driver"); }
     QJsonObject ask(const QString &line);
 
     QTemporaryDir m_folder;

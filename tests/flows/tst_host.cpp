@@ -22,20 +22,6 @@ bool isJoined(const QJsonObject &state)
 {
     return state[QStringLiteral("connected")].toString().startsWith(QLatin1String("Connected to "));
 }
-
-/// The most memory the process has used so far, in bytes.
-qint64 peakMemory(qint64 processId)
-{
-    QFile file(QStringLiteral("/proc/%1/status").arg(processId));
-    if (!file.open(QIODevice::ReadOnly))
-        return -1;
-    const QList<QByteArray> lines = file.readAll().split('\n');
-    for (const QByteArray &line : lines) {
-        if (line.startsWith("VmHWM:"))
-            return line.mid(6).trimmed().split(' ').first().toLongLong() * 1024;
-    }
-    return -1;
-}
 } // namespace
 
 /// The program and the host suite: languages, and hosts that misbehave.
@@ -266,14 +252,14 @@ void TestHost::garbageIsIgnored()
     QVERIFY(host.isAsked());
     QVERIFY(host.sayLanguage("deu"));
     QVERIFY(airlume.waitFor(speaking(QStringLiteral("deu"))));
-    const qint64 before = peakMemory(airlume.processId());
+    const qint64 before = airlume.peakMemory();
     QVERIFY(before > 0);
 
     QVERIFY(host.say(garbage));
     QVERIFY2(airlume.waitFor(speaking(language)), qPrintable(airlume.output()));
     // Bytes, characters and a copy or two for a moment; the channel does not pile them up.
-    QVERIFY2(peakMemory(airlume.processId()) < before + 200 * 1024 * 1024,
-        qPrintable(QString::number(peakMemory(airlume.processId()))));
+    QVERIFY2(airlume.peakMemory() < before + 200 * 1024 * 1024,
+        qPrintable(QString::number(airlume.peakMemory())));
     QVERIFY(host.sayLanguage("ell"));
     QVERIFY(airlume.waitFor(speaking(QStringLiteral("ell"))));
 }

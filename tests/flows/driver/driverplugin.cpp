@@ -13,6 +13,8 @@
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTreeView>
+#include <qwt_plot.h>
+#include <qwt_scale_draw.h>
 
 namespace
 {
@@ -92,6 +94,17 @@ QJsonArray rooms()
     return found;
 }
 
+/// The window's time graph: the clock times at the ends of its axis.
+QJsonArray times()
+{
+    const QwtPlot *plot = child<QwtPlot>("qwtPlot");
+    if (!plot)
+        return {};
+    const QwtScaleDiv &axis = plot->axisScaleDiv(QwtPlot::xBottom);
+    const QwtScaleDraw *draw = plot->axisScaleDraw(QwtPlot::xBottom);
+    return {draw->label(axis.lowerBound()).text(), draw->label(axis.upperBound()).text()};
+}
+
 QString labelText(const char *name)
 {
     const QLabel *label = child<QLabel>(name);
@@ -106,10 +119,18 @@ QObject *DriverPlugin::create(const QString &, const QString &)
 
 Driver::Driver(const QString &socketPath)
 {
+    QCoreApplication::instance()->installEventFilter(this);
     connect(&m_server, &QLocalServer::newConnection, this,
         [this] { serve(m_server.nextPendingConnection()); });
     if (!m_server.listen(socketPath))
         qFatal("driver: %s", qPrintable(m_server.errorString()));
+}
+
+bool Driver::eventFilter(QObject *, QEvent *event)
+{
+    if (event->type() == QEvent::Paint)
+        ++m_paints;
+    return false;
 }
 
 void Driver::serve(QLocalSocket *client)
@@ -131,7 +152,7 @@ QJsonObject Driver::answer(const QString &line)
     if (verb == QLatin1String("state"))
         return state();
 
-    bool done = false;
+    bool done = verb == QLatin1String("ping");
     if (verb == QLatin1String("click")) {
         QWidget *widget = child<QWidget>(object.toLatin1().constData());
         if (!widget && QApplication::activeModalWidget())
@@ -155,7 +176,7 @@ QJsonObject Driver::answer(const QString &line)
     return {{QStringLiteral("done"), done}};
 }
 
-QJsonObject Driver::state()
+QJsonObject Driver::state() const
 {
     const QWidget *window = mainWindow();
     if (!window)
@@ -172,6 +193,8 @@ QJsonObject Driver::state()
         {QStringLiteral("rows"), rows()},
         {QStringLiteral("headers"), headers()},
         {QStringLiteral("rooms"), rooms()},
+        {QStringLiteral("times"), times()},
+        {QStringLiteral("paints"), m_paints},
         {QStringLiteral("labels"), textsOf<QLabel>(window)},
         {QStringLiteral("buttons"), textsOf<QPushButton>(window)},
         {QStringLiteral("focus"),

@@ -19,8 +19,8 @@ public:
 };
 
 /// Answers each line on the local socket AIRLUME_DRIVER with a line of JSON:
-/// "state": what the window shows; "click NAME": clicks the middle of that widget; "tab N": shows
-/// that tab; "tick ROW": clicks that row's check box; "room ROW": clicks that room; "type TEXT":
+/// "state": what the window shows; "ping": nothing; "click NAME": clicks the middle of that widget;
+/// "tab N": shows that tab; "tick ROW": clicks that row's check box; "room ROW": clicks that room; "type TEXT":
 /// types into the widget with the focus.
 class Driver : public QObject
 {
@@ -30,13 +30,15 @@ public:
     explicit Driver(const QString &socketPath);
 
 private:
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void serve(QLocalSocket *client);
     QJsonObject answer(const QString &line);
-    static QJsonObject state();
+    QJsonObject state() const;
     static bool type(QWidget *widget, const QString &text);
     static bool click(QWidget *widget, const QPoint &position);
 
     QLocalServer m_server;
+    int m_paints = 0; ///< Widgets painted so far.
 };
 
 #endif
