@@ -3,6 +3,7 @@
 #include <QAbstractItemModel>
 #include <QApplication>
 #include <QDialog>
+#include <QHeaderView>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QKeyEvent>
@@ -32,6 +33,20 @@ template <typename Widget> Widget *child(const char *name)
 {
     QWidget *window = mainWindow();
     return window ? window->findChild<Widget *>(QLatin1String(name)) : nullptr;
+}
+
+/// The widget of that name in the window or in the dialog before it, the visible one of several.
+QWidget *namedWidget(const QString &name)
+{
+    for (QWidget *parent : {mainWindow(), QApplication::activeModalWidget()}) {
+        const QList<QWidget *> found =
+            parent ? parent->findChildren<QWidget *>(name) : QList<QWidget *>();
+        for (QWidget *widget : found) {
+            if (widget->isVisible())
+                return widget;
+        }
+    }
+    return nullptr;
 }
 
 QJsonArray rows()
@@ -154,10 +169,8 @@ QJsonObject Driver::answer(const QString &line)
 
     bool done = verb == QLatin1String("ping");
     if (verb == QLatin1String("click")) {
-        QWidget *widget = child<QWidget>(object.toLatin1().constData());
-        if (!widget && QApplication::activeModalWidget())
-            widget = QApplication::activeModalWidget()->findChild<QWidget *>(object);
-        done = widget && widget->isVisible() && click(widget, widget->rect().center());
+        QWidget *widget = namedWidget(object);
+        done = widget && click(widget, widget->rect().center());
     } else if (verb == QLatin1String("tab")) {
         if (QTabWidget *tabs = child<QTabWidget>("tabWidget"))
             tabs->setCurrentIndex(object.toInt());
@@ -166,6 +179,14 @@ QJsonObject Driver::answer(const QString &line)
         QTableWidget *table = child<QTableWidget>("HomeTesting_TabWgt_Home_List");
         done = table && click(table->viewport(),
                             table->visualRect(table->model()->index(object.toInt(), 0)).center());
+    } else if (verb == QLatin1String("sort")) {
+        const QTreeView *list = child<QTreeView>("treeView");
+        done = list && click(list->header()->viewport(),
+                           QPoint(list->header()->sectionViewportPosition(object.toInt()) + 5,
+                               list->header()->height() / 2));
+    } else if (verb == QLatin1String("dismiss")) {
+        QWidget *dialog = QApplication::activeModalWidget();
+        done = dialog && QMetaObject::invokeMethod(dialog, "reject", Qt::QueuedConnection);
     } else if (verb == QLatin1String("type")) {
         done = type(focusWidget(), object);
     } else if (verb == QLatin1String("tick")) {
