@@ -1,5 +1,6 @@
 #include "app/airlume.h"
 
+#include "app/placement.h"
 #include "channels/channelinterfacewgt.h"
 #include "common/QtCommonTools.h"
 #include "common/diagnostics.h"
@@ -26,6 +27,7 @@
 #include <QScreen>
 #include <QStackedLayout>
 #include <QTabWidget>
+#include <QWindow>
 
 #include <unistd.h>
 
@@ -35,6 +37,11 @@ const QSize NormalMaximumSize(800, 700);
 const int MinimumWidth = 1100;
 /// Height of the band at the top in which a double click toggles the size.
 const int TitleBandHeight = 50;
+
+bool systemPlacesWindows()
+{
+    return SystemPlacesWindows(QGuiApplication::platformName());
+}
 } // namespace
 
 Airlume::Airlume(QWidget *parent)
@@ -128,13 +135,24 @@ bool Airlume::eventFilter(QObject *watched, QEvent *event)
     case QEvent::MouseMove: {
         const QMouseEvent *mouse = static_cast<QMouseEvent *>(event);
         if ((mouse->buttons() & Qt::LeftButton) && m_bDragging && !isFullScreen())
-            move(mouse->screenPos().toPoint() - m_dragOffset);
+            dragTo(mouse->screenPos().toPoint());
         break;
     }
     default:
         break;
     }
     return false;
+}
+
+void Airlume::dragTo(const QPoint &cursor)
+{
+    if (!systemPlacesWindows()) {
+        move(cursor - m_dragOffset);
+        return;
+    }
+    // The system moves the window until the button is let go, which it may keep to itself.
+    m_bDragging = false;
+    windowHandle()->startSystemMove();
 }
 
 void Airlume::onStatusChange(QString status)
@@ -170,22 +188,60 @@ void Airlume::onBtnMinimizeClicked()
 
 void Airlume::onBtnRestoreClicked()
 {
-    if (m_bMaximized) {
-        setMaximumSize(NormalMaximumSize);
+    const bool bySystem = systemPlacesWindows();
+    // First, since a change of the window's state comes back through changeEvent().
+    m_bMaximized = !m_bMaximized;
+    if (!m_bMaximized) {
+        if (!bySystem)
+            setMaximumSize(NormalMaximumSize);
         qDebug() << "restore window";
-        setGeometry(m_normalGeometry);
+        if (bySystem)
+            setWindowState(windowState() & ~Qt::WindowMaximized);
+        else
+            setGeometry(m_normalGeometry);
         m_pSizeButtons->setCurrentWidget(m_pMaximizeBtn);
-        emit RestoreWindow();
     } else {
         qDebug() << "show max window";
         m_normalGeometry = geometry();
         setMaximumSize(QApplication::desktop()->size());
-        setGeometry(QGuiApplication::primaryScreen()->availableGeometry());
+        // Of the right size but where it is now, the window would hang out of the screen.
+        if (bySystem)
+            setWindowState(windowState() | Qt::WindowMaximized);
+        else
+            setGeometry(QGuiApplication::primaryScreen()->availableGeometry());
         m_pSizeButtons->setCurrentWidget(m_pRestoreBtn);
-        emit MaxWindow();
     }
+    tellSize();
+}
+
+void Airlume::tellSize()
+{
+    if (m_bMaximized)
+        emit MaxWindow();
+    else
+        emit RestoreWindow();
     emit signalUpdateWindowSize();
-    m_bMaximized = !m_bMaximized;
+}
+
+void Airlume::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    // By a key of the desktop, or by dragging a maximised window away from the edge.
+    if (event->type() == QEvent::WindowStateChange && systemPlacesWindows() &&
+        isMaximized() != m_bMaximized)
+        onBtnRestoreClicked();
+}
+
+void Airlume::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    if (!systemPlacesWindows())
+        return;
+    // The system's size arrives later than the click that asked for it. Not before may the window
+    // shrink: the system ends a program whose maximised window takes another size by itself.
+    if (!m_bMaximized)
+        setMaximumSize(NormalMaximumSize);
+    tellSize();
 }
 
 void Airlume::slotChangeLanguage()

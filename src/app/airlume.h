@@ -69,6 +69,10 @@ public slots:
     /// Empties what the graphs have stored.
     void slotEmpty();
 
+protected:
+    void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
     void loadBackEnd();
     bool buildLayout();
@@ -81,6 +85,8 @@ private:
     void createThreads();
     void connectThreads();
     void applyStyleSheet();
+    void dragTo(const QPoint &cursor);
+    void tellSize();
 
     SignalTreeView *m_pTreeView = nullptr;
     QTabWidget *m_pTabWidget = nullptr;

@@ -9,6 +9,8 @@ class TestPlacement : public QObject
 private slots:
     void putsTheWindowInTheMiddle_data();
     void putsTheWindowInTheMiddle();
+    void knowsWhereTheSystemPlacesWindows_data();
+    void knowsWhereTheSystemPlacesWindows();
 };
 
 void TestPlacement::putsTheWindowInTheMiddle_data()
@@ -43,6 +45,25 @@ void TestPlacement::putsTheWindowInTheMiddle()
     QFETCH(QRect, window);
     QFETCH(QPoint, position);
     QCOMPARE(CentredPosition(desktop, window), position);
+}
+
+void TestPlacement::knowsWhereTheSystemPlacesWindows_data()
+{
+    QTest::addColumn<bool>("itDoes");
+    QTest::newRow("wayland") << true;
+    QTest::newRow("wayland-egl") << true;
+    QTest::newRow("wayland-xcomposite-glx") << true;
+    QTest::newRow("xcb") << false;
+    QTest::newRow("cocoa") << false;
+    QTest::newRow("windows") << false;
+    QTest::newRow("offscreen") << false;
+    QTest::newRow("") << false;
+}
+
+void TestPlacement::knowsWhereTheSystemPlacesWindows()
+{
+    QFETCH(bool, itDoes);
+    QCOMPARE(SystemPlacesWindows(QLatin1String(QTest::currentDataTag())), itDoes);
 }
 
 QTEST_APPLESS_MAIN(TestPlacement)
