@@ -95,14 +95,14 @@ int soak(double minutes, quint32 seed)
             static_cast<double>(timer.elapsed()) / 60000.0, processState(airlume.processId())};
     };
     print("started", look());
-    while (timer.elapsed() < minutes * 60000.0) {
+    while (elapsed() < minutes) {
         if (!hand.act()) {
             print(hand.actions());
             std::fprintf(stderr, "the program did not follow\n%s\n",
                 qPrintable(airlume.output().right(4000)));
             return 1;
         }
-        if (timer.elapsed() >= (samples.size() + 1) * 60000.0) {
+        if (elapsed() >= samples.size() + 1) {
             samples.append(look());
             print("", samples.last());
         }
