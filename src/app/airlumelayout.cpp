@@ -92,9 +92,10 @@ QFrame *Airlume::buildTitleBar()
     m_pCloseBtn = makeCaptionButton("close1", "Close");
     buttons->addWidget(m_pMinimizeBtn);
     m_pSizeButtons = new QStackedLayout;
+    // Before its pages: it shows the first one, which without a parent would be a window.
+    buttons->addLayout(m_pSizeButtons);
     m_pSizeButtons->addWidget(m_pMaximizeBtn);
     m_pSizeButtons->addWidget(m_pRestoreBtn);
-    buttons->addLayout(m_pSizeButtons);
     buttons->addWidget(m_pCloseBtn);
     // Wider than the frame's maximum, and stronger: the three buttons stand side by side, whole.
     m_pButtonFrame->setMinimumWidth(buttons->minimumSize().width());

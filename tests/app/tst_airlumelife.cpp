@@ -40,6 +40,23 @@ private:
     std::function<void(QObject *)> m_left;
 };
 
+/// Names each widget that is shown as a window of its own.
+class ShownWindows : public QObject
+{
+public:
+    ShownWindows() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Show && watched->isWidgetType() &&
+            static_cast<QWidget *>(watched)->isWindow())
+            names.append(watched->objectName());
+        return false;
+    }
+
+    QStringList names;
+};
+
 } // namespace
 
 /// The window from its opening to its end.
@@ -50,6 +67,7 @@ class TestAirlumeLife : public QObject
 private slots:
     void initTestCase();
 
+    void opensAsOneWindow();
     void opensWithoutABackEnd();
     void saysThatTheStyleSheetWasFound();
     void secondCopyLeavesTheWindowAsItIs();
@@ -60,17 +78,25 @@ private:
     QScopedPointer<BuiltWindow> m_window;
     QStringList m_openingDebugs;
     QStringList m_openingCriticals;
+    QStringList m_shownWindows;
 };
 
 void TestAirlumeLife::initTestCase()
 {
     {
         const MessageLog log;
+        const ShownWindows shown;
         m_window.reset(new BuiltWindow);
+        m_shownWindows = shown.names;
         m_openingDebugs = log.debugs();
         m_openingCriticals = log.criticals();
     }
     QVERIFY(QTest::qWaitForWindowExposed(m_window->get()));
+}
+
+void TestAirlumeLife::opensAsOneWindow()
+{
+    QCOMPARE(m_shownWindows, QStringList(QStringLiteral("Airlume")));
 }
 
 void TestAirlumeLife::opensWithoutABackEnd()
