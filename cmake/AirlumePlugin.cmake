@@ -20,9 +20,9 @@ function(airlume_add_plugin)
 
     if(ARG_NAME STREQUAL AIRLUME_BACKEND)
         add_custom_command(TARGET ${target} POST_BUILD
-            COMMAND ${CMAKE_COMMAND} -E make_directory "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}"
+            COMMAND ${CMAKE_COMMAND} -E make_directory $<TARGET_FILE_DIR:airlume>
             COMMAND ${CMAKE_COMMAND} -E copy_if_different $<TARGET_FILE:${target}>
-                "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/"
+                $<TARGET_FILE_DIR:airlume>
             COMMENT "Putting the ${ARG_NAME} back end beside the program")
     endif()
 endfunction()
