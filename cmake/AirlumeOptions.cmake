@@ -23,9 +23,20 @@ if(AIRLUME_SANITIZE)
     target_link_options(airlume_options INTERFACE ${sanitizers})
 endif()
 
-target_compile_options(airlume_options INTERFACE
-    "$<$<CONFIG:Release>:-fstack-protector-strong;-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
+# Hardening of what users run; tests/package/hardening.sh looks for it in the built files.
+include(CheckPIESupported)
+include(CheckCXXCompilerFlag)
+check_pie_supported(LANGUAGES CXX)
+set(hardening -fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -D_GLIBCXX_ASSERTIONS)
+foreach(flag IN ITEMS -fstack-clash-protection -fcf-protection)
+    string(MAKE_C_IDENTIFIER "AIRLUME_HAS${flag}" known)
+    check_cxx_compiler_flag(${flag} ${known})
+    if(${known})
+        list(APPEND hardening ${flag})
+    endif()
+endforeach()
+target_compile_options(airlume_options INTERFACE "$<$<CONFIG:Release>:${hardening}>")
 if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
     target_link_options(airlume_options INTERFACE
-        "$<$<CONFIG:Release>:LINKER:-z,relro;LINKER:-z,now;LINKER:--as-needed>")
+        "$<$<CONFIG:Release>:LINKER:-z,relro;LINKER:-z,now;LINKER:-z,noexecstack;LINKER:--as-needed>")
 endif()
