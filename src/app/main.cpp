@@ -22,6 +22,8 @@ int main(int argc, char *argv[])
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QCoreApplication::setApplicationName(QStringLiteral("Airlume"));
+    // By this name, packaging/airlume.desktop without its ending, Wayland finds the window's icon.
+    QGuiApplication::setDesktopFileName(QStringLiteral("airlume"));
     QApplication application(argc, argv);
 
     QLocalSocket probe;
