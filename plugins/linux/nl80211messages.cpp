@@ -67,7 +67,8 @@ QString addressText(const nlattr *attribute)
 
 QString nameText(const std::string &octets)
 {
-    return QString::fromStdString(ssidText(octets));
+    // Behind a blank, as a byte order mark at the very start would be dropped.
+    return QString::fromStdString(' ' + ssidText(octets)).mid(1);
 }
 
 std::string octetsOf(const nlattr *attribute)

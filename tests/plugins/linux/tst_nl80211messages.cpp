@@ -106,6 +106,7 @@ private slots:
     void onlyAssociatedIsJoined();
     void hiddenNameComesFromTheProbeResponse();
     void beaconElementsServeWithoutAProbeResponse();
+    void byteOrderMarkIsPartOfTheName();
     void missingElementsNeverReadAsOpen();
     void accessPointWithoutAddressIsLeftOut();
     void shortAttributesAreRefused();
@@ -244,6 +245,16 @@ void TestNl80211Messages::beaconElementsServeWithoutAProbeResponse()
     const auto accessPoint = parseAccessPoint(message.header());
     QCOMPARE(accessPoint->ssid, QStringLiteral("Shy"));
     QCOMPARE(accessPoint->security, QStringLiteral("WPA3-SAE"));
+}
+
+void TestNl80211Messages::byteOrderMarkIsPartOfTheName()
+{
+    // Dropped, it would make two networks one, or a named network a hidden one.
+    Message message(NL80211_CMD_NEW_SCAN_RESULTS);
+    beginAccessPoint(message)
+        .octets(NL80211_BSS_INFORMATION_ELEMENTS, name("\xef\xbb\xbf\xef\xbb\xbf") + rsn({2}))
+        .end();
+    QCOMPARE(parseAccessPoint(message.header())->ssid, QString(2, QChar(0xfeff)));
 }
 
 void TestNl80211Messages::missingElementsNeverReadAsOpen()
