@@ -112,7 +112,7 @@ void SignalScanThread::scanNetwork()
         if (property.connected && !m_exit) {
             emit networkReturned(property.ssid);
             emit signalReturned(limitedSignal(property.rssi));
-            emit speedReturned(map.value(QStringLiteral("link_rate")).toInt());
+            emit speedReturned(qMax(0, map.value(QStringLiteral("link_rate")).toInt()));
         }
         result.append(property);
         m_ssidToBssid.insert(name, bssid);

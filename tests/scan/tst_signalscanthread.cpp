@@ -267,6 +267,7 @@ void TestSignalScanThread::readsTheLinkRate_data()
     QTest::newRow("empty") << QString() << 0;
     QTest::newRow("unit") << QStringLiteral("144 Mbps") << 0;
     QTest::newRow("fraction") << QStringLiteral("6.5") << 0;
+    QTest::newRow("negative") << QStringLiteral("-144") << 0;
 }
 
 void TestSignalScanThread::readsTheLinkRate()
