@@ -28,12 +28,28 @@ AirlumeProcess::AirlumeProcess(const QString &backEnd)
     if (link(QFile::encodeName(built).constData(), QFile::encodeName(program).constData()) != 0)
         QFile::copy(built, program);
 
+    prepare(program, backEnd.isEmpty() ? QString() : inBuildTree(backEnd), driverPath());
+}
+
+AirlumeProcess::AirlumeProcess(
+    const QStringList &command, const QString &backEnd, const QString &root)
+    : m_folder((root.isEmpty() ? QDir::tempPath() : root + QStringLiteral("/tmp")) +
+               QStringLiteral("/airlume-XXXXXX"))
+    , m_environment(QProcessEnvironment::systemEnvironment())
+{
+    prepare(command.first(), backEnd, driverPath().mid(root.size()));
+    m_process.setArguments(command.mid(1));
+}
+
+/// `socket`: the driver's socket as the program sees it.
+void AirlumeProcess::prepare(const QString &program, const QString &backEnd, const QString &socket)
+{
     QStringList plugins(inBuildTree(QStringLiteral("tests/driver")));
     if (!backEnd.isEmpty())
-        plugins.append(inBuildTree(backEnd));
+        plugins.append(backEnd);
     setEnvironment(QStringLiteral("QT_PLUGIN_PATH"), plugins.join(QLatin1Char(':')));
     setEnvironment(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("airlumedriver"));
-    setEnvironment(QStringLiteral("AIRLUME_DRIVER"), driverPath());
+    setEnvironment(QStringLiteral("AIRLUME_DRIVER"), socket);
     m_process.setProgram(program);
     m_process.setProcessChannelMode(QProcess::MergedChannels);
 }

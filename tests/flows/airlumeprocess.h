@@ -17,6 +17,10 @@ public:
     /// `backEnd`: the folder of a back end in the build tree ("plugins/simulated",
     /// "tests/backends/empty"); empty: none.
     explicit AirlumeProcess(const QString &backEnd);
+    /// An installed program. `command`: the program and its arguments, or what starts it, such as
+    /// chroot. `backEnd`: an absolute folder that is searched first; empty: none. `root`: the
+    /// folder that the program sees as "/"; empty: our own.
+    AirlumeProcess(const QStringList &command, const QString &backEnd, const QString &root = {});
     ~AirlumeProcess();
 
     /// A further environment variable, before start().
@@ -57,6 +61,7 @@ public:
     qint64 peakMemory() const;
 
 private:
+    void prepare(const QString &program, const QString &backEnd, const QString &socket);
     QString driverPath() const { return m_folder.path() + QStringLiteral(".driver"); }
     QJsonObject ask(const QString &line);
 
