@@ -1,20 +1,13 @@
+#include "fuzz/require.h"
 #include "linux/elementparser.h"
 #include "linux/securitytext.h"
 #include "linux/ssidtext.h"
-
-#include <cstdlib>
 
 using namespace LinuxWifi;
 using State = SecurityElement::State;
 
 namespace
 {
-void require(bool condition)
-{
-    if (!condition)
-        std::abort();
-}
-
 void checkSecurity(const InformationElements &elements, bool privacy)
 {
     require((elements.rsn.state == State::Valid) == !elements.rsn.suites.empty());
