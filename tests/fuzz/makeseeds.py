@@ -82,3 +82,18 @@ write("scanmaps", "numbers", scan_map(b"N", b"b", b"01", b"-2147483648", b"99999
 write("scanmaps", "missing", b"\x07\x00" + field(9, b"other") + b"\x07\x00")
 write("scanmaps", "texts", scan_map(b"\xff\xc3\x00", b"") +
       field(0x80, b"\x00\xd8\x00\x00\xff\xff") + field(0x81, b"\x00\xdc"))
+
+
+# Language files.
+write("language", "usual", b'# Texts\n\nL_HEADER_SSID="SSID"\nL_HOME_TEST="Test"\n')
+write("language", "windows", b'/ Texts\r\nL_HOME_TEST="Pr\xc3\xbcfen"\r\nL_HOME_TEST=again\r\n')
+write("language", "blanks", b'L_HOME_TEST = "Test" \n="no key"\nL_EMPTY=\nL_ONE="\nL_TWO=""')
+write("language", "signs", b'L_COUNT="# of ""Networks"" = all"\n==\n\xff\xfe\x00=\x00\n')
+
+# What the host sends; 0xff stands between two messages.
+language = b"IpcResponseLanguage"
+write("hostmessage", "languages", b"\xff".join(language + b":" + code for code in
+                                               (b"deu", b"deu", b"enu", b"xyz", b"chs\n", b"")))
+write("hostmessage", "exit", b"IpcResponseExit\xff" + language + b":deu\xffIpcResponseExit now")
+write("hostmessage", "together", language + b":deuIpcResponseExit\xff" + language)
+write("hostmessage", "others", b"IpcRequestLanguage:Airlume\xff\x00\xff\xc3\xff\xef\xbb\xbf" + language)
