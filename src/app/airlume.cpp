@@ -188,7 +188,7 @@ void Airlume::onBtnMinimizeClicked()
 
 void Airlume::onBtnRestoreClicked()
 {
-    const bool bySystem = systemPlacesWindows();
+    const bool bySystem = isMaximisedBySystem();
     // First, since a change of the window's state comes back through changeEvent().
     m_bMaximized = !m_bMaximized;
     if (!m_bMaximized) {
@@ -212,6 +212,13 @@ void Airlume::onBtnRestoreClicked()
         m_pSizeButtons->setCurrentWidget(m_pRestoreBtn);
     }
     tellSize();
+}
+
+/// Where the screen is smaller than the window may be, the system would end the program.
+bool Airlume::isMaximisedBySystem() const
+{
+    const QSize screen = QGuiApplication::primaryScreen()->availableGeometry().size();
+    return systemPlacesWindows() && screen.expandedTo(minimumSize()) == screen;
 }
 
 void Airlume::tellSize()

@@ -86,6 +86,7 @@ private:
     void connectThreads();
     void applyStyleSheet();
     void dragTo(const QPoint &cursor);
+    bool isMaximisedBySystem() const;
     void tellSize();
 
     SignalTreeView *m_pTreeView = nullptr;
