@@ -9,6 +9,9 @@
 #include <QSettings>
 #include <QStringList>
 
+#include <algorithm>
+#include <iterator>
+
 namespace
 {
 const QLatin1Char Separator('/');
@@ -38,6 +41,12 @@ const Field Fields[] = {
     {LanguageLabels::m_strHomeTestINILastPercent, &HomeTest_Value::lastPercent},
     {LanguageLabels::m_strHomeTestINILastSpeed, &HomeTest_Value::lastSpeed},
 };
+
+bool isFieldKey(const QString &name)
+{
+    return std::any_of(std::begin(Fields), std::end(Fields),
+        [&name](const Field &field) { return field.key == name; });
+}
 } // namespace
 
 /// Marks an operation that changes the file. The file is written once, when the outermost one ends,
@@ -169,16 +178,16 @@ void IniFileOperate::DelHomeValueFromINI(QMap<QString, HomeTest_Value> &rooms, c
     if (group.isEmpty()) {
         // A name of separators only: its keys have no group, and removing "no group" would remove
         // every room.
-        m_pSettings->remove(LanguageLabels::m_strHomeTestININowPercent);
-        m_pSettings->remove(LanguageLabels::m_strHomeTestININowSpeed);
-        m_pSettings->remove(LanguageLabels::m_strHomeTestINILastPercent);
-        m_pSettings->remove(LanguageLabels::m_strHomeTestINILastSpeed);
+        for (const Field &field : Fields)
+            m_pSettings->remove(field.key);
     } else {
         m_pSettings->remove(room);
     }
-    // "Attic" and "Attic/" are two rooms in one group: the other one stays.
+    // "Attic" and "Attic/" are two rooms in one group, and a key without a group takes the group of
+    // its own name along: the other room stays.
     for (auto it = rooms.cbegin(); it != rooms.cend(); ++it) {
-        if (groupOf(it.key()) == group)
+        const QString other = groupOf(it.key());
+        if (other == group || (group.isEmpty() && isFieldKey(other.section(Separator, 0, 0))))
             SetIntValueToHomeTestINI(it.key(), it.value());
     }
 }

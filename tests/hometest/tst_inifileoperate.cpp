@@ -51,6 +51,7 @@ private slots:
     void generalInSmallLettersComesBackWithACapital();
     void aSlashMakesNestedGroupsThatAreNotFoundAgain();
     void deletingANameOfSlashesLeavesTheOtherRooms();
+    void deletingANameOfSlashesLeavesARoomNamedLikeAKey();
     void deletingANameThatSharesAGroupLeavesTheOtherRoom();
     void initTwiceIsHarmless();
     void withoutSettingsNothingHappensButAReport();
@@ -269,6 +270,17 @@ void TestIniFileOperate::deletingANameOfSlashesLeavesTheOtherRooms()
     QVERIFY(rooms.contains(QStringLiteral("//")));
     store.DelHomeValueFromINI(rooms, QStringLiteral("//"));
     QVERIFY(content().startsWith("[Attic]"));
+}
+
+void TestIniFileOperate::deletingANameOfSlashesLeavesARoomNamedLikeAKey()
+{
+    IniFileOperate store(m_path);
+    Rooms rooms;
+    store.AddWifiHomeTestIni(rooms, QStringLiteral("NowSpeed"), Tested);
+    store.AddWifiHomeTestIni(rooms, QStringLiteral("/"), Tested);
+    store.DelHomeValueFromINI(rooms, QStringLiteral("/"));
+    QCOMPARE(rooms, (Rooms{{QStringLiteral("NowSpeed"), Tested}}));
+    QCOMPARE(roomsIn(m_path), rooms);
 }
 
 void TestIniFileOperate::deletingANameThatSharesAGroupLeavesTheOtherRoom()
