@@ -97,3 +97,18 @@ write("hostmessage", "languages", b"\xff".join(language + b":" + code for code i
 write("hostmessage", "exit", b"IpcResponseExit\xff" + language + b":deu\xffIpcResponseExit now")
 write("hostmessage", "together", language + b":deuIpcResponseExit\xff" + language)
 write("hostmessage", "others", b"IpcRequestLanguage:Airlume\xff\x00\xff\xc3\xff\xef\xbb\xbf" + language)
+
+
+# Room files; 64 octets that choose what is changed follow, drawn from the end, and then how many
+# changes there are.
+def rooms(name, text, *changes):
+    choices = b"".join(bytes(change).ljust(16, b"\0") for change in changes).ljust(64, b"\0")
+    write("roomfile", name, text + choices + bytes([len(changes)]))
+
+
+room = b"[Living%20Room]\nNowPercent=62\nNowSpeed=144\nLastPercent=\nLastSpeed=\n\n"
+rooms("untouched", room)
+rooms("changed", room + b"[Attic]\nNowPercent=abc\n", range(16), range(1, 17), range(40, 56))
+rooms("empty", b"", range(8), range(24, 40))
+rooms("broken", b"[\n]\n=\n[a/b]\nNowPercent=1, 2\n[]\nNowPercent=\"3\n", range(3, 19))
+rooms("general", b"NowPercent=1\n[%General]\nNowSpeed=7\n[K%FCche]\nNowSpeed=-2147483649\n", range(5))
