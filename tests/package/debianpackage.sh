@@ -29,7 +29,7 @@ dpkg-deb --info "$package"
     find . ! -type d | sed -e 's|^\./|usr/|' -e '/\/man1\//s/$/.gz/'
     printf 'usr/share/doc/airlume/%s\n' changelog.gz changelog.Debian.gz
 ) | sort >"$TMPDIR/expected"
-dpkg-deb --fsys-tarfile "$package" | tar -t | sed -e 's|^\./||' -e '/\/$/d' | sort \
+dpkg-deb --fsys-tarfile "$package" | tar -t | sed -e 's|^\./||' -e '/\/$/d' -e '/^$/d' | sort \
     >"$TMPDIR/packaged"
 diff "$TMPDIR/expected" "$TMPDIR/packaged"
 
