@@ -1,10 +1,12 @@
-// The least that a Qt program with one Qwt graph can be: what Airlume's start and size are held
-// against.
+// The least that a Qt program with one Qwt graph can be: what Airlume's start, size and work are
+// held against. With a number as its argument the graph has as many curves, drawn anew every 3 s.
+
+#include "bench/baretimeplot.h"
 
 #include <QApplication>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <QWidget>
-#include <qwt_plot.h>
 
 int main(int argc, char *argv[])
 {
@@ -13,7 +15,16 @@ int main(int argc, char *argv[])
     QApplication application(argc, argv);
 
     QWidget window(nullptr, Qt::FramelessWindowHint);
-    (new QVBoxLayout(&window))->addWidget(new QwtPlot);
+    QTimer timer;
+    const int curves = application.arguments().value(1).toInt();
+    if (curves == 0) {
+        (new QVBoxLayout(&window))->addWidget(new QwtPlot);
+    } else {
+        BareTimePlot *plot = new BareTimePlot(curves);
+        (new QVBoxLayout(&window))->addWidget(plot);
+        QObject::connect(&timer, &QTimer::timeout, plot, &BareTimePlot::step);
+        timer.start(3000);
+    }
     window.resize(1100, 700);
     window.show();
     return QApplication::exec();

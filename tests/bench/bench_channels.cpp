@@ -17,7 +17,7 @@
 
 namespace
 {
-const std::size_t Rounds = 21;
+const std::size_t MostRounds = 21;
 
 QVector<WifiProperty> networksOn(int records, int channels)
 {
@@ -48,49 +48,62 @@ void fillBare(QScrollArea &area, int rows)
     }
     area.setWidget(sheet);
 }
+
+void benchPanel(const char *what, int records, int channels, const SideBySide::Extent &extent)
+{
+    const QVector<WifiProperty> networks = networksOn(records, channels);
+    ChannelInterfaceWgt panel;
+    panel.resize(1080, 330);
+    panel.show();
+    panel.onNetworkReturned(QStringLiteral("Network 0"));
+    QScrollArea area;
+    area.resize(590, 330);
+    area.show();
+    // The rows are what takes time, not the networks.
+    const int rows = qMin(channels, records);
+    SideBySide::report(what, records,
+        SideBySide::compareProcessor(
+            extent.rounds(MostRounds, rows), [&] { evaluate(panel, networks); },
+            [&] { fillBare(area, rows); }));
+}
+
+void benchCensus(int records, const SideBySide::Extent &extent)
+{
+    const QVector<WifiProperty> networks = networksOn(records, 40);
+    const std::size_t rounds = extent.isQuick() ? MostRounds : 10 * MostRounds;
+    int sum = 0;
+    SideBySide::report("channels counted, beside a QHash", records,
+        SideBySide::compareProcessor(
+            rounds,
+            [&] {
+                ChannelCensus census;
+                for (const WifiProperty &network : networks)
+                    sum += census.Add(network.channel);
+            },
+            [&] {
+                QHash<int, int> counts;
+                for (const WifiProperty &network : networks)
+                    sum += ++counts[network.channel];
+            }));
+    // Used, so that the compiler leaves the counting in.
+    if (sum < 0)
+        qFatal("negative channels");
+}
 } // namespace
 
 int main(int argc, char **argv)
 {
+    const SideBySide::Extent extent(argc, argv);
     QApplication app(argc, argv);
     const MessageLog quiet;
     QtCommonTools::Init();
-    std::printf("%-52s %13s  %13s  %6s\n", "", "ours", "bare", "ratio");
-    for (int channels : {1, 8, 40, 200}) {
-        for (int records : {15, 300, 5000}) {
-            const int occupied = qMin(channels, records);
-            const QVector<WifiProperty> networks = networksOn(records, channels);
-            ChannelInterfaceWgt panel;
-            panel.resize(1080, 330);
-            panel.show();
-            panel.onNetworkReturned(QStringLiteral("Network 0"));
-            QScrollArea area;
-            area.resize(590, 330);
-            area.show();
-            const QString what =
-                QStringLiteral("evaluate %1 records on %2 channels").arg(records, 4).arg(occupied);
-            SideBySide::report(qPrintable(what),
-                SideBySide::compare(
-                    Rounds, [&] { evaluate(panel, networks); }, [&] { fillBare(area, occupied); }));
-
-            int sink = 0;
-            SideBySide::report("  counting alone, beside a QHash",
-                SideBySide::compare(
-                    Rounds,
-                    [&] {
-                        ChannelCensus census;
-                        for (const WifiProperty &network : networks)
-                            sink += census.Add(network.channel);
-                    },
-                    [&] {
-                        QHash<int, int> counts;
-                        for (const WifiProperty &network : networks)
-                            sink += ++counts[network.channel];
-                    }));
-            if (sink == -1)
-                return 1;
-        }
-    }
+    const std::vector<int> counts = extent.networks();
+    for (int records : counts)
+        benchPanel("panel recomputed, at most 40 channels", records, 40, extent);
+    for (int records : counts)
+        benchPanel("panel recomputed, at most 200 channels", records, 200, extent);
+    for (int records : counts)
+        benchCensus(records, extent);
     QtCommonTools::Release();
     return 0;
 }

@@ -14,7 +14,7 @@
 
 namespace
 {
-const std::size_t Rounds = 201;
+const std::size_t MostRounds = 201;
 const QSize ListSize(740, 300);
 const int ShownRows = 15;
 
@@ -62,7 +62,7 @@ QVector<WifiProperty> weaker(QVector<WifiProperty> networks)
     return networks;
 }
 
-void benchList(int count)
+void benchList(int count, std::size_t rounds)
 {
     const QVector<WifiProperty> networks = TestAir::networks(count);
     const QVector<WifiProperty> later = weaker(networks);
@@ -76,46 +76,44 @@ void benchList(int count)
         view->resize(ListSize);
         view->show();
     }
-    const auto report = [count](const char *what, std::pair<double, double> us) {
-        SideBySide::report(qPrintable(QString::fromLatin1(what).arg(count)), us);
+    const auto bench = [count, rounds](const char *what, const std::function<void()> &ours,
+                           const std::function<void()> &floor) {
+        SideBySide::report(what, count, SideBySide::compareProcessor(rounds, ours, floor));
     };
 
-    report("list: first fill of %1 networks", SideBySide::compareProcessor(
-                                                  Rounds,
-                                                  [&] {
-                                                      list.EmptyWifiPropertyMap();
-                                                      list.onDataReturned(networks);
-                                                  },
-                                                  [&] {
-                                                      bare.clear();
-                                                      bare.fill(networks);
-                                                  }));
-    report("list: update of %1 networks",
-        SideBySide::compareProcessor(
-            Rounds, [&] { list.onDataReturned(next()); }, [&] { bare.update(next()); }));
-    report("list: update of %1 networks, painted", SideBySide::compareProcessor(
-                                                       Rounds,
-                                                       [&] {
-                                                           list.onDataReturned(next());
-                                                           QCoreApplication::processEvents();
-                                                       },
-                                                       [&] {
-                                                           bare.update(next());
-                                                           QCoreApplication::processEvents();
-                                                       }));
+    bench(
+        "list filled for the first time",
+        [&] {
+            list.EmptyWifiPropertyMap();
+            list.onDataReturned(networks);
+        },
+        [&] {
+            bare.clear();
+            bare.fill(networks);
+        });
+    bench(
+        "list updated", [&] { list.onDataReturned(next()); }, [&] { bare.update(next()); });
+    bench(
+        "list updated and painted",
+        [&] {
+            list.onDataReturned(next());
+            QCoreApplication::processEvents();
+        },
+        [&] {
+            bare.update(next());
+            QCoreApplication::processEvents();
+        });
 }
 } // namespace
 
 int main(int argc, char *argv[])
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const SideBySide::Extent extent(argc, argv);
     const QApplication application(argc, argv);
     const MessageLog quiet;
     QtCommonTools::Init();
-    std::printf("%-52s %13s  %13s  %6s\n", "", "ours", "bare", "ratio");
-    for (int count : {15, 60, 300, 1000, 5000})
-        benchList(count);
+    for (int count : extent.networks())
+        benchList(count, extent.isQuick() ? MostRounds / 4 : MostRounds);
     QtCommonTools::Release();
     return 0;
 }

@@ -1,5 +1,5 @@
 // What the rooms cost: opening their tab, and one change brought to the disk, beside the least that
-// Qt needs for the same. The disk is the one the benchmark lies on.
+// Qt needs for the same.
 
 #include "bench/sidebyside.h"
 #include "common/QtCommonTools.h"
@@ -20,7 +20,7 @@
 
 namespace
 {
-const std::size_t Rounds = 41;
+const std::size_t MostRounds = 41;
 
 QString roomFile()
 {
@@ -51,13 +51,19 @@ std::unique_ptr<QTableWidget> bareTable(int rows)
     return table;
 }
 
-void buildAndOpen(int rooms)
+/// The number in the line is that of the rooms, as `what` has to say.
+void bench(const char *what, int rooms, const SideBySide::Extent &extent,
+    const std::function<void()> &ours, const std::function<void()> &bare)
 {
-    const QString what = QStringLiteral("build the panel with %1 rooms").arg(rooms);
     SideBySide::report(
-        qPrintable(what), SideBySide::compare(
-                              11, [] { delete SignalHomeTestingWgt::Instance(nullptr); },
-                              [rooms] { bareTable(rooms); }));
+        what, rooms, SideBySide::compareProcessor(extent.rounds(MostRounds, rooms), ours, bare));
+}
+
+void buildAndOpen(int rooms, const SideBySide::Extent &extent)
+{
+    bench(
+        "room tab built, of so many rooms", rooms, extent,
+        [] { delete SignalHomeTestingWgt::Instance(nullptr); }, [rooms] { bareTable(rooms); });
 
     QTabWidget tabs;
     QTabWidget bareTabs;
@@ -77,82 +83,69 @@ void buildAndOpen(int rooms)
         QCoreApplication::processEvents();
         widget.grab();
     };
-    const QString opening = QStringLiteral("open the tab with %1 rooms").arg(rooms);
-    SideBySide::report(
-        qPrintable(opening), SideBySide::compare(
-                                 Rounds, [&] { open(tabs); }, [&] { open(bareTabs); }));
+    bench(
+        "room tab opened, of so many rooms", rooms, extent, [&] { open(tabs); },
+        [&] { open(bareTabs); });
     delete SignalHomeTestingWgt::Instance(nullptr);
 }
 
-void changeOne(int rooms)
+void changeOne(int rooms, const SideBySide::Extent &extent)
 {
-    const QString what = QStringLiteral("test one of %1 rooms, beside QSaveFile").arg(rooms);
     const QString bareFile =
         QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("bench_rooms.bare"));
     int tests = 0;
+    const auto test = [&] {
+        ++tests;
+        QtCommonTools::UpdateHomeValueToINI(
+            room(tests % rooms), HomeTest_Value{tests % 101, 144, 40, 300});
+    };
     const QByteArray content = contentOf(roomFile());
-    const auto save = [&] {
+    bench("room written (QSaveFile), of so many rooms", rooms, extent, test, [&] {
         QSaveFile file(bareFile);
         if (file.open(QIODevice::WriteOnly)) {
             file.write(content);
             file.commit();
         }
-    };
-    SideBySide::report(qPrintable(what), SideBySide::compare(
-                                             Rounds,
-                                             [&] {
-                                                 ++tests;
-                                                 QtCommonTools::UpdateHomeValueToINI(
-                                                     room(tests % rooms),
-                                                     HomeTest_Value{tests % 101, 144, 40, 300});
-                                             },
-                                             save));
+    });
 
-    const QString againstSettings =
-        QStringLiteral("test one of %1 rooms, beside QSettings").arg(rooms);
     QSettings settings(bareFile + QStringLiteral(".ini"), QSettings::IniFormat);
     for (int i = 0; i < rooms; ++i)
         settings.setValue(room(i) + QStringLiteral("/NowPercent"), QStringLiteral("62"));
-    SideBySide::report(qPrintable(againstSettings),
-        SideBySide::compare(
-            Rounds,
-            [&] {
-                ++tests;
-                QtCommonTools::UpdateHomeValueToINI(
-                    room(tests % rooms), HomeTest_Value{tests % 101, 144, 40, 300});
-            },
-            [&] {
-                ++tests;
-                settings.setValue(
-                    room(tests % rooms) + QStringLiteral("/NowPercent"), QString::number(tests));
-                settings.sync();
-            }));
+    bench("room written (QSettings), of so many rooms", rooms, extent, test, [&] {
+        ++tests;
+        settings.setValue(
+            room(tests % rooms) + QStringLiteral("/NowPercent"), QString::number(tests));
+        settings.sync();
+    });
     QFile::remove(bareFile);
     QFile::remove(bareFile + QStringLiteral(".ini"));
+}
+
+void writeRooms(int rooms)
+{
+    QFile::remove(roomFile());
+    QSettings settings(roomFile(), QSettings::IniFormat);
+    for (int i = 0; i < rooms; ++i) {
+        settings.beginGroup(room(i));
+        settings.setValue(QStringLiteral("NowPercent"), QStringLiteral("62"));
+        settings.setValue(QStringLiteral("NowSpeed"), QStringLiteral("144"));
+        settings.setValue(QStringLiteral("LastPercent"), QString());
+        settings.setValue(QStringLiteral("LastSpeed"), QString());
+        settings.endGroup();
+    }
 }
 } // namespace
 
 int main(int argc, char **argv)
 {
+    const SideBySide::Extent extent(argc, argv);
     QApplication app(argc, argv);
     const MessageLog quiet;
-    std::printf("%-52s %13s  %13s  %6s\n", "", "ours", "bare", "ratio");
-    for (int rooms : {5, 201}) {
-        QFile::remove(roomFile());
-        {
-            QSettings settings(roomFile(), QSettings::IniFormat);
-            for (int i = 0; i < rooms; ++i) {
-                settings.beginGroup(room(i));
-                settings.setValue(QStringLiteral("NowPercent"), QStringLiteral("62"));
-                settings.setValue(QStringLiteral("NowSpeed"), QStringLiteral("144"));
-                settings.setValue(QStringLiteral("LastPercent"), QString());
-                settings.setValue(QStringLiteral("LastSpeed"), QString());
-                settings.endGroup();
-            }
-        }
+    for (int rooms : {5, 50, 201}) {
+        writeRooms(rooms);
         QtCommonTools::Init();
-        buildAndOpen(rooms);
-        changeOne(rooms);
+        buildAndOpen(rooms, extent);
+        changeOne(rooms, extent);
         QtCommonTools::Release();
     }
     QFile::remove(roomFile());

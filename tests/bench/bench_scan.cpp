@@ -58,29 +58,26 @@ QList<ScanMap> scanMaps(int count, int names)
     return maps;
 }
 
-void benchFreshPass(const QString &what, const QList<ScanMap> &maps, std::size_t rounds)
+void benchFreshPass(const char *what, const QList<ScanMap> &maps, std::size_t rounds)
 {
-    // Only the first pass of a thread is surely a fresh one.
+    // Only the first pass of a thread is surely a fresh one, and one does not count.
     std::vector<std::unique_ptr<SteppedThread>> threads;
-    for (std::size_t round = 0; round < rounds; ++round)
+    for (std::size_t round = 0; round <= rounds; ++round)
         threads.push_back(std::make_unique<SteppedThread>(maps));
     auto next = threads.begin();
-    SideBySide::report(
-        qPrintable(what), SideBySide::compareProcessor(
-                              rounds, [&] { (*next++)->pass(); }, [&] { plainRecords(maps); }));
+    SideBySide::report(what, maps.size(),
+        SideBySide::compareProcessor(
+            rounds, [&] { (*next++)->pass(); }, [&] { plainRecords(maps); }));
 }
 } // namespace
 
 int main(int argc, char *argv[])
 {
+    const SideBySide::Extent extent(argc, argv);
     const QCoreApplication application(argc, argv);
-    std::printf("%-52s %13s  %13s  %6s\n", "", "ours", "bare", "ratio");
-    for (int count : {15, 300, 1000, 5000}) {
-        benchFreshPass(QStringLiteral("scan pass, %1 maps").arg(count), scanMaps(count, count), 41);
-    }
-    for (int count : {15, 300, 1000, 5000}) {
-        benchFreshPass(
-            QStringLiteral("scan pass, %1 maps of one name").arg(count), scanMaps(count, 1), 5);
-    }
+    for (int count : extent.networks())
+        benchFreshPass("scan pass", scanMaps(count, qMax(count, 1)), extent.rounds(41, count));
+    for (int count : extent.networks())
+        benchFreshPass("scan pass, one name for all", scanMaps(count, 1), extent.rounds(41, count));
     return 0;
 }

@@ -1,43 +1,65 @@
 #!/bin/bash
-# Builds Airlume as users run it, with its benchmarks, and prints one table: what Airlume needs, what
-# the barest Qt or Qwt code for the same needs, both measured in turns in the same run, and the ratio.
-#
-#   tests/bench/run.sh [BENCHMARK...]     default: all of them (some minutes)
-#
-# The options of the longest one, bench_startup, come from BENCH_STARTUP_OPTIONS, for example
-# "--runs 5 --seconds 20".
+# Builds Airlume as users run it, with its benchmarks, and prints one table. See --help.
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
-build=$here/build/bench
+build=${BENCH_BUILD:-$here/build/bench}
 
-cmake -S "$here" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DBUILD_TESTING=ON >/dev/null
-names=("$@")
+usage() {
+    cat <<'TEXT'
+tests/bench/run.sh [--quick] [BENCHMARK...]
+
+Prints what Airlume needs, what the barest Qt or Qwt code for the same needs, both measured in turns
+in the same run, their ratio, and how Airlume's value grows with the networks: its growth since the
+line above divided by theirs, so that more than 1 is superlinear.
+
+  --quick     few networks and few rounds: to try, in about two minutes
+  BENCHMARK   bench_startup, bench_running, bench_list, ... (default: all, in about ten minutes)
+
+Times are medians of processor time, except that of the first painted window, which a user waits for.
+The build lies in build/bench, or in the folder that BENCH_BUILD names.
+TEXT
+}
+
+quick=() names=()
+for argument; do
+    case $argument in
+    -h | --help) usage && exit 0 ;;
+    --quick) quick=(--quick) ;;
+    bench_*) names+=("$argument") ;;
+    *) printf 'no such option: %s\n' "$argument" >&2 && usage >&2 && exit 2 ;;
+    esac
+done
 if [ ${#names[@]} -eq 0 ]; then
-    for source in "$here"/tests/bench/bench_*.cpp; do
-        names+=("$(basename "$source" .cpp)")
-    done
+    names=(bench_startup bench_running bench_list bench_graphs bench_channels bench_rooms bench_scan)
 fi
+
+[ -e "$build/build.ninja" ] ||
+    cmake -S "$here" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DBUILD_TESTING=ON >/dev/null
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT
 cmake --build "$build" --target "${names[@]}" >"$log" 2>&1 || { cat "$log" >&2 && exit 1; }
 
-printf 'Processors: %s, load: %s\n' "$(nproc)" "$(cut -d' ' -f1-3 /proc/loadavg)"
-printf '%-56s %13s  %13s  %7s\n' '' Airlume bare ratio
+# A window system makes a window cost what it costs users; without one it costs next to nothing.
+display=() platform=offscreen
+if command -v xvfb-run >/dev/null; then
+    display=(env QT_QPA_PLATFORM=xcb xvfb-run -a -s '-screen 0 1400x900x24')
+    platform='xcb, under a virtual display'
+fi
+printf 'Platform: %s. Processors: %s. Load before: %s\n' \
+    "$platform" "$(nproc)" "$(cut -d' ' -f1-3 /proc/loadavg)"
+printf '%-42s %8s  %13s %13s %8s %7s\n' '' networks Airlume bare ratio growth
 for name in "${names[@]}"; do
-    options=()
-    [ "$name" != bench_startup ] || read -ra options <<<"${BENCH_STARTUP_OPTIONS:-}"
-    # A line with two measurements and their ratio is one of the table; other tables follow as they
-    # are, and the benchmarks' own headings go.
-    "$here/tests/isolated.sh" "$build/bin/$name" "${options[@]}" | awk '
-        NF >= 6 && $NF ~ /^[0-9.]+$/ && $(NF - 1) ~ /^[mu]s$/ && $(NF - 3) ~ /^[mu]s$/ {
-            what = $1
-            for (i = 2; i <= NF - 5; ++i)
-                what = what " " $i
-            printf "%-56s %10s %s  %10s %s  %7.2f\n", what, $(NF - 4), $(NF - 3), $(NF - 2),
-                $(NF - 1), $NF
-            fflush()
-            next
+    # Lines of the same kind stand together, whatever was measured in between.
+    "$here/tests/isolated.sh" "${display[@]}" "$build/bin/$name" "${quick[@]}" | awk '
+        {
+            kind = substr($0, 1, 42)
+            if (!(kind in lines))
+                kinds[++count] = kind
+            lines[kind] = lines[kind] $0 "\n"
         }
-        $NF != "ratio"'
+        END {
+            for (i = 1; i <= count; ++i)
+                printf "%s", lines[kinds[i]]
+        }'
 done
-printf 'Load: %s\n' "$(cut -d' ' -f1-3 /proc/loadavg)"
+printf 'Load after: %s. Time: %d s\n' "$(cut -d' ' -f1-3 /proc/loadavg)" "$SECONDS"

@@ -9,22 +9,15 @@
 namespace
 {
 const int AnswerTimeoutMs = 60000;
-
-/// The number of kB in a line "Name:   123 kB" of /proc/PID/status, in MB.
-double megabytes(const QByteArray &status, const char *name)
-{
-    const int line = status.indexOf(QByteArray("\n") + name + ":");
-    const int number = status.indexOf(':', line) + 1;
-    return status.mid(number, status.indexOf("kB", number) - number).trimmed().toDouble() / 1024.;
-}
 } // namespace
 
-WatchedProgram::WatchedProgram(const QString &program, int networks)
+WatchedProgram::WatchedProgram(const char *program, int networks, const QStringList &arguments)
 {
     // A hard link is a program of its own: what it writes beside itself stays in this folder.
-    const QString copy = m_folder.filePath(QStringLiteral("program"));
-    if (link(QFile::encodeName(program).constData(), QFile::encodeName(copy).constData()) != 0)
-        QFile::copy(program, copy);
+    const QString original = QStringLiteral(AIRLUME_BUILD_DIR "/bin/") + QLatin1String(program);
+    const QString copy = m_folder.filePath(QLatin1String(program));
+    if (link(QFile::encodeName(original).constData(), QFile::encodeName(copy).constData()) != 0)
+        QFile::copy(original, copy);
 
     const QString scenario = m_folder.filePath(QStringLiteral("scenario.json"));
     QFile file(scenario);
@@ -40,6 +33,7 @@ WatchedProgram::WatchedProgram(const QString &program, int networks)
     environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("airlumewatch"));
     m_process.setProcessEnvironment(environment);
     m_process.setProgram(copy);
+    m_process.setArguments(arguments);
     m_process.setStandardErrorFile(QProcess::nullDevice());
 }
 
@@ -68,19 +62,25 @@ qint64 WatchedProgram::ask(const QByteArray &command)
     return readLine().toLongLong();
 }
 
-WatchedProgram::Memory WatchedProgram::memory() const
+double WatchedProgram::residentMb() const
 {
-    const QByteArray status = procFile("status");
-    return {megabytes(status, "VmRSS"), megabytes(status, "RssAnon")};
+    QFile file(QStringLiteral("/proc/%1/status").arg(m_process.processId()));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("%s has ended", qPrintable(m_process.program()));
+    const QByteArray status = file.readAll();
+    // In a line "VmRSS:   123 kB".
+    const int number = status.indexOf("VmRSS:") + 6;
+    return status.mid(number, status.indexOf("kB", number) - number).trimmed().toDouble() / 1024.;
 }
 
 double WatchedProgram::cpuMs() const
 {
-    // The fields from the third on follow the program's name, which stands in brackets.
-    const QByteArray stat = procFile("stat");
-    const QList<QByteArray> fields = stat.mid(stat.lastIndexOf(')') + 2).split(' ');
-    const double ticks = fields.value(11).toDouble() + fields.value(12).toDouble();
-    return ticks * 1000. / static_cast<double>(sysconf(_SC_CLK_TCK));
+    clockid_t clock;
+    timespec used{};
+    if (clock_getcpuclockid(static_cast<pid_t>(m_process.processId()), &clock) != 0 ||
+        clock_gettime(clock, &used) != 0)
+        qFatal("%s has ended", qPrintable(m_process.program()));
+    return static_cast<double>(used.tv_sec) * 1e3 + static_cast<double>(used.tv_nsec) / 1e6;
 }
 
 QByteArray WatchedProgram::readLine()
@@ -90,10 +90,4 @@ QByteArray WatchedProgram::readLine()
             qFatal("%s does not answer", qPrintable(m_process.program()));
     }
     return m_process.readLine().trimmed();
-}
-
-QByteArray WatchedProgram::procFile(const char *name) const
-{
-    QFile file(QStringLiteral("/proc/%1/%2").arg(m_process.processId()).arg(QLatin1String(name)));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }

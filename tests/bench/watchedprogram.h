@@ -15,14 +15,9 @@ public:
         double cpuMs = 0.;  ///< Processor time of the program.
     };
 
-    /// Resident memory in MB (2²⁰ octets).
-    struct Memory {
-        double resident = 0.;  ///< With what is shared with other programs.
-        double anonymous = 0.; ///< The program's own.
-    };
-
-    /// `networks`: how many made-up ones the simulated back end reports.
-    WatchedProgram(const QString &program, int networks);
+    /// `program`: its name in the build folder; `networks`: how many made-up ones the simulated
+    /// back end reports.
+    WatchedProgram(const char *program, int networks, const QStringList &arguments = {});
     ~WatchedProgram();
 
     /// Starts the program and waits for its first painted window; without one the benchmark ends.
@@ -30,13 +25,13 @@ public:
     /// Sends a command to the watch plug-in; its answer.
     qint64 ask(const QByteArray &command);
 
-    Memory memory() const;
+    /// Resident memory in MB (2²⁰ octets), with what is shared with other programs.
+    double residentMb() const;
     /// Processor time that the program and the kernel for it have used, in ms.
     double cpuMs() const;
 
 private:
     QByteArray readLine();
-    QByteArray procFile(const char *name) const;
 
     QTemporaryDir m_folder;
     QProcess m_process;

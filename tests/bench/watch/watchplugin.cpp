@@ -1,6 +1,10 @@
 #include "watchplugin.h"
 
+#include "bench/baretimeplot.h"
 #include "scan/wifiproperty.h"
+#ifdef AIRLUME_WATCH_X11
+#include "unmap.h"
+#endif
 
 #include <QAbstractEventDispatcher>
 #include <QAbstractItemModel>
@@ -14,9 +18,6 @@
 
 namespace
 {
-/// Samples of a graph's whole history.
-const int FullHistory = 240;
-
 qint64 clockNs(clockid_t clock)
 {
     timespec now;
@@ -30,8 +31,7 @@ QString networkName(int number)
     return QStringLiteral("Network %1").arg(number, 4, 10, QLatin1Char('0'));
 }
 
-/// Full histories, with signals that wander by a few dB, and visible curves for the first `count`
-/// networks.
+/// Full histories and visible curves for the first `count` networks.
 void showNetworks(const QWidget &window, int count)
 {
     QVector<WifiProperty> networks(count);
@@ -48,7 +48,7 @@ void showNetworks(const QWidget &window, int count)
         }
         for (int sample = 0; name == "SignalTimePlot" && sample < FullHistory; ++sample) {
             for (int i = 0; i < count; ++i)
-                networks[i].rssi = -30 - (i * 7) % 65 - (i + sample / 2) % 4;
+                networks[i].rssi = madeUpSignal(i, sample);
             QMetaObject::invokeMethod(
                 graph, "onDataReturned", Q_ARG(QVector<WifiProperty>, networks));
         }
@@ -138,6 +138,10 @@ qint64 Watch::answer(const QByteArray &verb, int number)
             tabs->setCurrentIndex(number);
     } else if (verb == "minimise") {
         m_window->showMinimized();
+#ifdef AIRLUME_WATCH_X11
+        if (QGuiApplication::platformName() == QLatin1String("xcb"))
+            unmapWindow(m_window->winId());
+#endif
     } else if (verb == "pause") {
         const qint64 longest = m_longestRound;
         m_longestRound = 0;
