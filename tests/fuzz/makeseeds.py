@@ -78,7 +78,8 @@ write("scanmaps", "repeated", b"".join(scan_map(b"A", b) for b in (b"b1", b"b2",
 write("scanmaps", "crowd", scan_map(b"", b"b") + b"\x08\xc8")
 write("scanmaps", "blanks", scan_map(b"A ", b"b1") + scan_map(b"A", b"b2") + scan_map(b"A", b"b3"))
 write("scanmaps", "numbers", scan_map(b"N", b"b", b"01", b"-2147483648", b"99999999999") +
-      scan_map(b"M", b"c", b"1", b"2147483647", b"-1", b"-144"))
+      scan_map(b"M", b"c", b"1", b"2147483647", b"-1", b"-144") +
+      scan_map(b"L", b"d", b"1", b"-101") + scan_map(b"K", b"e", b"1", b"-100"))
 write("scanmaps", "missing", b"\x07\x00" + field(9, b"other") + b"\x07\x00")
 write("scanmaps", "texts", scan_map(b"\xff\xc3\x00", b"") +
       field(0x80, b"\x00\xd8\x00\x00\xff\xff") + field(0x81, b"\x00\xdc"))
