@@ -103,7 +103,8 @@ run_target() { # TARGET
     find "$build/findings" -type f -newer "$build/logs/$target.start" -name "$target-*" \
         ! -name "$target-slow-unit-*" >"$build/logs/$target.found"
     # 72 is the fuzzer's own code for an interruption.
-    if [[ $stopped == no ]] && ((status != 0 && status != 72)) && [[ ! -s $build/logs/$target.found ]]; then
+    if [[ $stopped == no && ! -s $build/logs/$target.found ]] &&
+        ((status != 0 && status != 72)); then
         echo "$log (ended with $status)" >"$build/logs/$target.found"
     fi
     printf '%-18s %6s %12s %8s %13s %7s %9s\n' "$target" \
