@@ -23,9 +23,9 @@ void AirlumeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *o
         QProxyStyle::drawPrimitive(element, option, painter, widget);
         return;
     }
-    const QIcon &icon = option->state & State_On          ? m_ticked
-                        : option->state & State_MouseOver ? m_hovered
-                                                          : m_plain;
+    const QIcon &icon = (option->state & State_On)          ? m_ticked
+                        : (option->state & State_MouseOver) ? m_hovered
+                                                            : m_plain;
     icon.paint(painter, option->rect);
 }
 

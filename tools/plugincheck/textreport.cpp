@@ -149,7 +149,7 @@ void addNetworks(Lines &lines, const Answers &answers)
 {
     if (!answers.queried)
         return;
-    if (answers.queried == false) {
+    if (!*answers.queried) {
         lines.addHeading(QStringLiteral("Networks: the query failed"));
         return;
     }
