@@ -1,0 +1,114 @@
+#!/bin/bash
+# Static analysis of our own sources. Prints what it finds, and ends with 1 then.
+#
+#   tools/lint.sh [--changed] [format|cppcheck|tidy]... [BUILD]
+#
+# format:   clang-format leaves every file as it is
+# cppcheck: over all sources; settings in tools/lint/
+# tidy:     clang-tidy over src, plugins and tools; settings in .clang-tidy
+#
+# BUILD is a built folder (build/dev) with compile_commands.json. Without a check's name all run.
+# --changed looks only at what differs from the last commit, in the tests too. What clang-tidy
+# found nothing in is remembered in BUILD/lint until that file, a header of ours or a setting
+# changes. Ends with 77 where a tool is missing, or is one whose opinion differs.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+# Formatting and findings change with each major version.
+readonly clang_version=14
+
+build=build/dev
+changed=
+checks=()
+for argument; do
+    case $argument in
+    --changed) changed=1 ;;
+    format | cppcheck | tidy) checks+=("$argument") ;;
+    *) build=$argument ;;
+    esac
+done
+[ ${#checks[@]} -gt 0 ] || checks=(format cppcheck tidy)
+
+skip() {
+    printf 'lint: skipped: %s\n' "$*"
+    exit 77
+}
+
+need() {
+    command -v "$1" >/dev/null || skip "$1 is not installed"
+}
+
+need_clang() {
+    need "$1"
+    "$1" --version | grep -q "version $clang_version\." ||
+        skip "$1 is not version $clang_version, whose findings count here"
+}
+
+# sources SUFFIX FOLDER...: our own files, below these folders.
+sources() {
+    local suffix=$1
+    shift
+    if [ "$changed" ]; then
+        { git diff --name-only --diff-filter=d HEAD && git ls-files --others --exclude-standard; } |
+            grep -E "^(src|plugins|tools|tests)/.*\.($suffix)\$" | sort -u || true
+    else
+        find "$@" -type f -regextype egrep -regex ".*\.($suffix)" | sort
+    fi
+}
+
+format() {
+    need_clang clang-format
+    sources 'cpp|h' src plugins tools tests | xargs -r clang-format --dry-run --Werror
+}
+
+run_cppcheck() {
+    need cppcheck
+    mkdir -p "$build/lint/cppcheck"
+    sources cpp src plugins tools tests >"$build/lint/cppcheck.files"
+    [ -s "$build/lint/cppcheck.files" ] || return 0
+    cppcheck --file-list="$build/lint/cppcheck.files" --cppcheck-build-dir="$build/lint/cppcheck" \
+        --quiet --error-exitcode=1 -j "$(nproc)" --std=c++17 --language=c++ --library=qt \
+        --enable=warning,style,performance,portability --inline-suppr \
+        --suppressions-list=tools/lint/cppcheck-suppressions.txt \
+        --template='{file}:{line}: {severity}: {message} [{id}]' -I src -I plugins -I tools -I tests
+}
+
+tidy() {
+    need_clang clang-tidy
+    [ -e "$build/compile_commands.json" ] || skip "$build has no compile_commands.json"
+    mkdir -p "$build/lint/tidy"
+    local common
+    common=$({
+        clang-tidy --version
+        cat .clang-tidy tools/lint.sh
+        find src plugins tools -name '*.h' -print0 | sort -z | xargs -0 cat
+    } | sha256sum)
+    export common build
+    export -f tidy_file
+    sources cpp src plugins tools | xargs -r -P "$(nproc)" -n 1 bash -euo pipefail -c 'tidy_file "$1"' _
+}
+
+tidy_file() {
+    local key found
+    # What is no part of this build cannot be looked at.
+    grep -qF "\"file\": \"$PWD/$1\"" "$build/compile_commands.json" || return 0
+    key=$({ echo "$common $1" && cat "$1"; } | sha256sum | cut -d ' ' -f 1)
+    [ ! -e "$build/lint/tidy/$key" ] || return 0
+    # The compile commands leave out the standard where GCC's own choice is the same.
+    if found=$(clang-tidy --quiet -p "$build" --extra-arg=-std=c++17 "$1" 2>/dev/null); then
+        touch "$build/lint/tidy/$key"
+    else
+        printf '%s\n' "$found"
+        return 1
+    fi
+}
+
+failed=
+for check in "${checks[@]}"; do
+    case $check in
+    format) format ;;
+    cppcheck) run_cppcheck ;;
+    tidy) tidy ;;
+    esac || failed=1
+done
+[ ! "$failed" ] || exit 1
