@@ -92,7 +92,8 @@ void TestInstallation::hasAllThatBelongsToIt()
     }
     expected.sort();
     QCOMPARE(filesBelow(m_prefix), expected);
-    QCOMPARE(m_private, QFileInfo(m_prefix).canonicalFilePath() + QStringLiteral("/libexec/airlume"));
+    QCOMPARE(
+        m_private, QFileInfo(m_prefix).canonicalFilePath() + QStringLiteral("/libexec/airlume"));
 }
 
 void TestInstallation::leavesTheBackEndOutWhereNoneIsWanted()
