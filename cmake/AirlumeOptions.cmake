@@ -35,6 +35,8 @@ foreach(flag IN ITEMS -fstack-clash-protection -fcf-protection)
         list(APPEND hardening ${flag})
     endif()
 endforeach()
+# Messages name source files; where they were built is nobody's business.
+list(APPEND hardening "-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=")
 target_compile_options(airlume_options INTERFACE "$<$<CONFIG:Release>:${hardening}>")
 if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
     target_link_options(airlume_options INTERFACE

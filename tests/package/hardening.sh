@@ -6,6 +6,7 @@
 set -euo pipefail
 export LC_ALL=C
 installed=$1/installed
+source=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 
 command -v readelf >/dev/null || {
     echo "skipped: readelf is not installed (binutils)"
@@ -79,6 +80,7 @@ while read -r file; do
         echo "${file#"$installed/"}: $weakness"
         failed=1
     done < <(weaknesses "$file" $kind)
+    ! grep -qaF "$source/" "$file" || fail "${file#"$installed/"}: names the folder of its sources"
 done < <(find "$installed" -type f)
 echo "$count binaries checked"
 [ $count = 4 ] && [ $failed = 0 ]
