@@ -29,8 +29,9 @@ void end(QProcess *process)
 }
 } // namespace
 
-Desktop::Desktop(Kind kind, int scale)
+Desktop::Desktop(Kind kind, const QSize &size, int scale)
     : m_kind(kind)
+    , m_pixels(size * scale)
     , m_scale(scale)
     , m_environment(QProcessEnvironment::systemEnvironment())
 {
@@ -66,12 +67,11 @@ bool Desktop::start()
 
 bool Desktop::startServer()
 {
-    const QSize pixels = size() * m_scale;
     // It chooses a free number itself and tells it when it is ready.
     m_server.start(QStringLiteral("Xvfb"),
         {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-nolisten"),
             QStringLiteral("tcp"), QStringLiteral("-screen"), QStringLiteral("0"),
-            QStringLiteral("%1x%2x24").arg(pixels.width()).arg(pixels.height())});
+            QStringLiteral("%1x%2x24").arg(m_pixels.width()).arg(m_pixels.height())});
     while (!m_server.canReadLine()) {
         if (!m_server.waitForReadyRead(StartTimeoutMs))
             return false;
@@ -93,8 +93,8 @@ bool Desktop::startCompositor()
     m_compositor.start(QStringLiteral("weston"),
         {QStringLiteral("--backend=x11-backend.so"), QStringLiteral("--use-pixman"),
             QStringLiteral("--socket=display"), QStringLiteral("--config=") + settings.fileName(),
-            QStringLiteral("--width=%1").arg(size().width()),
-            QStringLiteral("--height=%1").arg(size().height()),
+            QStringLiteral("--width=%1").arg(m_pixels.width()),
+            QStringLiteral("--height=%1").arg(m_pixels.height()),
             QStringLiteral("--scale=%1").arg(m_scale)});
     QElapsedTimer timer;
     timer.start();

@@ -17,8 +17,9 @@ class Desktop
 public:
     enum Kind { X11, Wayland };
 
-    /// `scale`: pixels for each of `size`'s units; an X server knows nothing of it.
-    explicit Desktop(Kind kind, int scale = 1);
+    /// `size`: of the screen. `scale`: pixels for each of its units, which programs on Wayland hear
+    /// of.
+    explicit Desktop(Kind kind, const QSize &size, int scale = 1);
     ~Desktop();
 
     /// What is not installed here and would be needed; empty: nothing.
@@ -30,7 +31,6 @@ public:
     void show(AirlumeProcess *program) const;
 
     Kind kind() const { return m_kind; }
-    static QSize size() { return QSize(1400, 900); }
 
     /// A hand at the mouse and the keyboard: the arguments of xdotool.
     bool hand(const QStringList &does);
@@ -44,6 +44,7 @@ private:
     bool startCompositor();
 
     const Kind m_kind;
+    const QSize m_pixels;
     const int m_scale;
     QTemporaryDir m_folder;
     QProcessEnvironment m_environment;

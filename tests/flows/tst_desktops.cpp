@@ -9,6 +9,7 @@ Q_DECLARE_METATYPE(Desktop::Kind)
 namespace
 {
 const QSize NormalSize(1100, 700);
+const QSize ScreenSize(1400, 900);
 
 QRect geometryIn(const QJsonObject &state)
 {
@@ -19,8 +20,8 @@ QRect geometryIn(const QJsonObject &state)
 
 /// The program on a desktop of that kind, which is there for it alone.
 struct OnDesktop {
-    explicit OnDesktop(Desktop::Kind kind, int scale = 1)
-        : desktop(kind, scale)
+    explicit OnDesktop(Desktop::Kind kind, const QSize &size = ScreenSize, int scale = 1)
+        : desktop(kind, size, scale)
         , airlume(QStringLiteral("plugins/simulated"))
     {
     }
@@ -61,7 +62,7 @@ struct OnDesktop {
             R"(wl_pointer@\d+\.enter\(\d+, wl_surface@\d+, (-?[\d.]+), (-?[\d.]+)\))");
         const int before = count(entered);
         // A normal window covers the middle, wherever it is put.
-        const QPoint middle(Desktop::size().width() / 2, Desktop::size().height() / 2);
+        const QPoint middle(ScreenSize.width() / 2, ScreenSize.height() / 2);
         if (!desktop.pointAt(QPoint(1, 1)) || !desktop.pointAt(middle) ||
             !waitForOutput(entered, before + 1))
             return QPoint(-1, -1);
@@ -128,6 +129,7 @@ private slots:
     void secondCopyAndCloseButtonEndAtOnce();
     void followsWhatTheDesktopDoesToTheWindow();
     void asksTheDesktopToMinimise();
+    void survivesAScreenSmallerThanItself();
     void paintsInFullDensity();
 
 private:
@@ -176,14 +178,14 @@ void TestDesktops::maximisesAndRestoresTheExactSize()
     for (int round = 0; round < 3; ++round) {
         QVERIFY(room.airlume.command(QStringLiteral("click maximize")));
         QVERIFY(room.airlume.waitFor([](const QJsonObject &state) {
-            return geometryIn(state).width() == Desktop::size().width();
+            return geometryIn(state).width() == ScreenSize.width();
         }));
         const QRect maximised = geometryIn(room.airlume.state());
         QVERIFY(maximised.height() > NormalSize.height());
         // What else is on the screen is spared.
-        QVERIFY(maximised.height() <= Desktop::size().height());
+        QVERIFY(maximised.height() <= ScreenSize.height());
         if (kind == Desktop::X11)
-            QCOMPARE(maximised, QRect(QPoint(0, 0), Desktop::size()));
+            QCOMPARE(maximised, QRect(QPoint(0, 0), ScreenSize));
         QVERIFY(room.airlume.command(QStringLiteral("click restore")));
         QVERIFY2(room.waitForSize(NormalSize), qPrintable(room.output()));
         QCOMPARE(geometryIn(room.airlume.state()), before);
@@ -204,10 +206,9 @@ void TestDesktops::doubleClickInTheTitleMaximisesAndRestores()
     const QPoint inTitle(400, 20);
     QVERIFY(room.desktop.pointAt(room.corner() + inTitle));
     QVERIFY(room.doubleClick());
-    QVERIFY(room.airlume.waitFor([](const QJsonObject &state) {
-        return geometryIn(state).width() == Desktop::size().width();
-    }));
-    const int above = Desktop::size().height() - geometryIn(room.airlume.state()).height();
+    QVERIFY(room.airlume.waitFor(
+        [](const QJsonObject &state) { return geometryIn(state).width() == ScreenSize.width(); }));
+    const int above = ScreenSize.height() - geometryIn(room.airlume.state()).height();
     QVERIFY(room.desktop.pointAt(QPoint(0, above) + inTitle));
     QVERIFY(room.doubleClick());
     QVERIFY2(room.waitForSize(NormalSize), qPrintable(room.output()));
@@ -297,9 +298,23 @@ void TestDesktops::asksTheDesktopToMinimise()
     QVERIFY2(!room.output().contains(QLatin1String("error")), qPrintable(room.output()));
 }
 
+void TestDesktops::survivesAScreenSmallerThanItself()
+{
+    OnDesktop room(Desktop::Wayland, QSize(900, 600));
+    QVERIFY2(room.start(), qPrintable(room.output()));
+    QVERIFY(room.waitForSize(NormalSize));
+    // It cannot take the size that a maximised window has there.
+    QVERIFY(room.airlume.command(QStringLiteral("click maximize")));
+    QVERIFY(room.waitForOutput(QStringLiteral("show max window")));
+    QVERIFY2(room.airlume.command(QStringLiteral("click restore")), qPrintable(room.output()));
+    QVERIFY2(room.waitForSize(NormalSize), qPrintable(room.output()));
+    QVERIFY(room.airlume.command(QStringLiteral("click maximize")));
+    QVERIFY2(!room.output().contains(QLatin1String("error")), qPrintable(room.output()));
+}
+
 void TestDesktops::paintsInFullDensity()
 {
-    OnDesktop room(Desktop::Wayland, 2);
+    OnDesktop room(Desktop::Wayland, ScreenSize, 2);
     QVERIFY2(room.start(), qPrintable(room.output()));
     QVERIFY(room.waitForSize(NormalSize));
     QVERIFY(room.waitForOutput(QStringLiteral(R"(create_buffer\(.*, 0, 2200, 1400,)")));
