@@ -20,7 +20,7 @@ QString indexed(const char *list, int index)
 class Builder
 {
 public:
-    ScenarioResult build(const QJsonObject &root);
+    ScenarioResult build(const QJsonObject &object);
 
 private:
     void readInterfaces(const JsonFields &root);
