@@ -32,6 +32,7 @@ void BackgroundRequester::request(const QString &interface)
         m_thread->wait();
     m_thread.reset(QThread::create([this, interface] {
         const QMutexLocker running(&m_running);
+        // NOLINTNEXTLINE(clang-analyzer-core.CallAndMessage): takes a locker to mean "maybe null".
         const ScanAnswer answer = m_ask(interface);
         const QMutexLocker lock(&m_mutex);
         m_answer = answer;
