@@ -44,6 +44,7 @@ AirlumeProcess::AirlumeProcess(
 /// `socket`: the driver's socket as the program sees it.
 void AirlumeProcess::prepare(const QString &program, const QString &backEnd, const QString &socket)
 {
+    m_output.setFileName(m_folder.path() + QStringLiteral(".output"));
     QStringList plugins(inBuildTree(QStringLiteral("tests/driver")));
     if (!backEnd.isEmpty())
         plugins.append(backEnd);
@@ -51,7 +52,9 @@ void AirlumeProcess::prepare(const QString &program, const QString &backEnd, con
     setEnvironment(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("airlumedriver"));
     setEnvironment(QStringLiteral("AIRLUME_DRIVER"), socket);
     m_process.setProgram(program);
+    // Not a pipe: a program that prints much would stand still until somebody reads.
     m_process.setProcessChannelMode(QProcess::MergedChannels);
+    m_process.setStandardOutputFile(m_output.fileName());
 }
 
 AirlumeProcess::~AirlumeProcess()
@@ -59,11 +62,19 @@ AirlumeProcess::~AirlumeProcess()
     if (isRunning())
         kill();
     QFile::remove(driverPath());
+    m_output.remove();
 }
 
 void AirlumeProcess::setEnvironment(const QString &name, const QString &value)
 {
     m_environment.insert(name, value);
+}
+
+void AirlumeProcess::setOwnTemporaryFolder()
+{
+    const QString folder = m_folder.filePath(QStringLiteral("tmp"));
+    QDir().mkpath(folder);
+    setEnvironment(QStringLiteral("TMPDIR"), folder);
 }
 
 void AirlumeProcess::setUser(uint userId)
@@ -112,8 +123,10 @@ void AirlumeProcess::kill()
 
 QString AirlumeProcess::output()
 {
-    m_output += m_process.readAll();
-    return QString::fromUtf8(m_output);
+    if (!m_output.isOpen() && !m_output.open(QIODevice::ReadOnly))
+        return {};
+    m_printed += m_output.readAll();
+    return QString::fromUtf8(m_printed);
 }
 
 qint64 AirlumeProcess::processorTime() const
@@ -149,11 +162,14 @@ QJsonObject AirlumeProcess::ask(const QString &line)
             return {};
     }
     m_socket.write(line.toUtf8() + '\n');
-    while (!m_socket.canReadLine()) {
-        if (!m_socket.waitForReadyRead(AnswerTimeoutMs))
+    // Put together here: an answer may be long, and the socket would search it anew at every piece.
+    QByteArray answer;
+    while (!answer.endsWith('\n')) {
+        if (m_socket.bytesAvailable() == 0 && !m_socket.waitForReadyRead(AnswerTimeoutMs))
             return {};
+        answer += m_socket.readAll();
     }
-    return QJsonDocument::fromJson(m_socket.readLine()).object();
+    return QJsonDocument::fromJson(answer).object();
 }
 
 QJsonObject AirlumeProcess::state()

@@ -1,6 +1,7 @@
 #ifndef AIRLUME_TESTS_FLOWS_AIRLUMEPROCESS_H
 #define AIRLUME_TESTS_FLOWS_AIRLUMEPROCESS_H
 
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QLocalSocket>
@@ -25,6 +26,11 @@ public:
 
     /// A further environment variable, before start().
     void setEnvironment(const QString &name, const QString &value);
+    /// As if that variable had never been set; before start().
+    void unsetEnvironment(const QString &name) { m_environment.remove(name); }
+    /// Gives the program a temporary folder of its own, so that it meets no other copy; before
+    /// start().
+    void setOwnTemporaryFolder();
     /// Runs the program as that user, who gets its folder too. Only root may; before start().
     void setUser(uint userId);
     /// Text of a scenario file for the simulated back end, before start().
@@ -69,7 +75,8 @@ private:
     QProcess m_process;
     QProcessEnvironment m_environment;
     QLocalSocket m_socket;
-    QByteArray m_output;
+    QFile m_output;
+    QByteArray m_printed;
 };
 
 #endif

@@ -1,6 +1,9 @@
 #include "flows/hostsuite.h"
 
+#include <QDir>
 #include <QFile>
+
+#include <sys/socket.h>
 
 namespace
 {
@@ -8,10 +11,11 @@ const int TimeoutMs = 60000;
 const QByteArray Request("IpcRequestLanguage:Airlume");
 } // namespace
 
-HostSuite::HostSuite()
+HostSuite::HostSuite(const QString &temporaryFolder)
     : m_server(new QLocalServer)
 {
-    m_server->listen(QStringLiteral("HarborWindowLocalProcess"));
+    const QString folder = temporaryFolder.isEmpty() ? QDir::tempPath() : temporaryFolder;
+    m_server->listen(folder + QStringLiteral("/HarborWindowLocalProcess"));
 }
 
 bool HostSuite::waitForConnection()
@@ -38,6 +42,11 @@ bool HostSuite::say(const QByteArray &message)
             return false;
     }
     return true;
+}
+
+bool HostSuite::closeHalf()
+{
+    return ::shutdown(static_cast<int>(m_connection->socketDescriptor()), SHUT_WR) == 0;
 }
 
 void HostSuite::die()

@@ -11,8 +11,8 @@
 class HostSuite
 {
 public:
-    /// Listens at once.
-    HostSuite();
+    /// Listens at once, for programs with that temporary folder; empty: the test's own.
+    explicit HostSuite(const QString &temporaryFolder = {});
 
     /// Waits for the program's connection.
     bool waitForConnection();
@@ -23,6 +23,8 @@ public:
     /// Sends a message, whole.
     bool say(const QByteArray &message);
     bool sayLanguage(const QByteArray &code) { return say("IpcResponseLanguage:" + code); }
+    /// Says no more, and goes on reading.
+    bool closeHalf();
     /// Dies: the connection and the server are gone.
     void die();
 

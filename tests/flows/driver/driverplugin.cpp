@@ -190,9 +190,11 @@ QJsonObject Driver::answer(const QString &line)
     } else if (verb == QLatin1String("type")) {
         done = type(focusWidget(), object);
     } else if (verb == QLatin1String("tick")) {
-        QTreeView *list = child<QTreeView>("treeView");
-        done = list && click(list->viewport(),
-                           list->visualRect(list->model()->index(object.toInt(), 0)).center());
+        if (QTreeView *list = child<QTreeView>("treeView")) {
+            const QModelIndex index = list->model()->index(object.toInt(), 0);
+            list->scrollTo(index);
+            done = click(list->viewport(), list->visualRect(index).center());
+        }
     }
     return {{QStringLiteral("done"), done}};
 }
