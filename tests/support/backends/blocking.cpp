@@ -1,5 +1,6 @@
 // Hangs in the query for AIRLUME_TEST_BLOCK_SECONDS (30), after AIRLUME_TEST_BLOCK_AFTER (0)
-// queries that answer at once. Writes "Blocking now" to the standard error output when it begins.
+// queries that answer at once. Writes "Blocking now" to the standard error output when it begins,
+// and "Blocking over" when it ends.
 #include "testbackend.h"
 
 #include <QThread>
@@ -34,6 +35,7 @@ bool query(QString &, QList<ScanMap> &networks)
     if (queries++ >= after.toInt()) {
         std::fputs("Blocking now\n", stderr);
         QThread::usleep(static_cast<unsigned long>(seconds.toDouble() * 1e6));
+        std::fputs("Blocking over\n", stderr);
     }
     networks += Air::networks(3);
     return true;

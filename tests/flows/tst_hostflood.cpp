@@ -1,0 +1,131 @@
+#include "flows/airlumeprocess.h"
+#include "flows/hostsuite.h"
+
+#include <QtTest>
+
+namespace
+{
+const QString Simulated = QStringLiteral("plugins/simulated");
+const qint64 Megabyte = 1024 * 1024;
+
+std::function<bool(const QJsonObject &)> speaking(const QString &code)
+{
+    return [code](const QJsonObject &state) { return speaks(state, code); };
+}
+
+bool hasRows(const QJsonObject &state)
+{
+    return !state[QStringLiteral("rows")].toArray().isEmpty();
+}
+} // namespace
+
+/// A host suite that says too much, or in an odd way.
+class TestHostFlood : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void thousandsOfMessages_data();
+    void thousandsOfMessages();
+    void byteByByte();
+    void halfClosedByTheHostItGoesOn();
+};
+
+void TestHostFlood::thousandsOfMessages_data()
+{
+    QTest::addColumn<QList<QByteArray>>("messages");
+    QTest::addColumn<int>("count");
+    QTest::newRow("languages") << QList<QByteArray>{"IpcResponseLanguage:deu",
+                                      "IpcResponseLanguage:jpn", "IpcResponseLanguage:ara",
+                                      "IpcResponseLanguage:xyz"}
+                               << 5000;
+    QTest::newRow("garbage") << QList<QByteArray>{QByteArray(300, '\xff'), QByteArray(50, '\0'),
+                                    "IpcResponse", "%n%s\r\n"}
+                             << 20000;
+    QTest::newRow("very long texts")
+        << QList<QByteArray>{QByteArray(static_cast<int>(Megabyte), 'x'),
+               "IpcResponseLanguage:" + QByteArray(static_cast<int>(Megabyte), 'y')}
+        << 60;
+}
+
+void TestHostFlood::thousandsOfMessages()
+{
+    QFETCH(QList<QByteArray>, messages);
+    QFETCH(int, count);
+    HostSuite host;
+    AirlumeProcess airlume(Simulated);
+    QVERIFY2(airlume.start(), qPrintable(airlume.output()));
+    QVERIFY(host.isAsked());
+    const qint64 before = airlume.peakMemory();
+    QVERIFY(before > 0);
+    for (int i = 0; i < count; ++i) {
+        QVERIFY(host.say(messages.at(i % messages.size())));
+        // In between, so that what is said is read in pieces of all sizes.
+        if (i % (count / 20) == 0)
+            QVERIFY(airlume.command(QStringLiteral("ping")));
+    }
+    // Whatever it made of that, it speaks a language, and hears what is said next.
+    QVERIFY(airlume.waitFor([](const QJsonObject &state) {
+        for (const char *code : {"enu", "deu", "jpn", "ara"}) {
+            if (speaks(state, QLatin1String(code)))
+                return true;
+        }
+        return false;
+    }));
+    // Said again where the last of the flood was read together with it.
+    QVERIFY(airlume.waitFor([&](const QJsonObject &state) {
+        return speaks(state, QStringLiteral("fin")) || (host.sayLanguage("fin") && false);
+    }));
+    QVERIFY(airlume.waitFor(hasRows));
+    const qint64 grown = airlume.peakMemory() - before;
+    qInfo("memory grew by %lld MB", grown / Megabyte);
+    QVERIFY2(grown < 400 * Megabyte, qPrintable(QString::number(grown)));
+}
+
+void TestHostFlood::byteByByte()
+{
+    HostSuite host;
+    AirlumeProcess airlume(Simulated);
+    QVERIFY2(airlume.start(), qPrintable(airlume.output()));
+    QVERIFY(host.isAsked());
+    const QByteArray message("IpcResponseLanguage:deu");
+    for (char byte : message) {
+        QVERIFY(host.say(QByteArray(1, byte)));
+        // A round trip: the byte was read by itself.
+        QVERIFY(airlume.command(QStringLiteral("ping")));
+        QVERIFY(airlume.command(QStringLiteral("ping")));
+    }
+    QVERIFY(speaks(airlume.state(), QStringLiteral("enu")));
+    QVERIFY(host.say(message));
+    QVERIFY(airlume.waitFor(speaking(QStringLiteral("deu"))));
+}
+
+void TestHostFlood::halfClosedByTheHostItGoesOn()
+{
+    HostSuite host;
+    AirlumeProcess airlume(Simulated);
+    QVERIFY2(airlume.start(), qPrintable(airlume.output()));
+    QVERIFY(host.isAsked());
+    QVERIFY(host.sayLanguage("nor"));
+    // The host says no more, and goes on reading.
+    QVERIFY(host.closeHalf());
+    QVERIFY(airlume.waitFor(speaking(QStringLiteral("nor"))));
+    QVERIFY(airlume.waitFor(hasRows));
+    const qint64 before = airlume.processorTime();
+    // Two steps of the time axis, so some 6 s: a socket that is at its end must not keep it busy.
+    const QJsonValue times = airlume.state()[QStringLiteral("times")];
+    QVERIFY(airlume.waitFor(
+        [&](const QJsonObject &state) { return state[QStringLiteral("times")] != times; }));
+    const QJsonValue later = airlume.state()[QStringLiteral("times")];
+    QVERIFY(airlume.waitFor(
+        [&](const QJsonObject &state) { return state[QStringLiteral("times")] != later; }));
+    const qint64 used = airlume.processorTime() - before;
+    qInfo("processor time: %lld ms", used);
+    QVERIFY(airlume.command(QStringLiteral("click close1")));
+    QVERIFY(airlume.waitForEnd());
+    QCOMPARE(airlume.exitCode(), 0);
+    QVERIFY2(used < 3000, qPrintable(QString::number(used)));
+}
+
+QTEST_GUILESS_MAIN(TestHostFlood)
+#include "tst_hostflood.moc"
