@@ -1,5 +1,6 @@
 #include "flows/airlumeprocess.h"
 
+#include <QSettings>
 #include <QtTest>
 
 namespace
@@ -32,6 +33,7 @@ private slots:
     void staysAliveWhileTheBackEndBlocks();
     void radioSwitchedOffAndOnIsFollowed();
     void badScenarioFileLeavesNoInterface();
+    void anExceptionEndsTheProgramAsACrashDoes();
 };
 
 void TestFaultyBackEnds::opensWithoutAUsableBackEnd_data()
@@ -142,6 +144,21 @@ void TestFaultyBackEnds::badScenarioFileLeavesNoInterface()
     const QStringList complaints = lines.filter(QStringLiteral("networks[0].channel"));
     QCOMPARE(complaints.size(), 1);
     QVERIFY(complaints.first().contains(QLatin1String("scenario.json")));
+}
+
+void TestFaultyBackEnds::anExceptionEndsTheProgramAsACrashDoes()
+{
+    AirlumeProcess airlume(QStringLiteral("tests/backends/crashing"));
+    airlume.setEnvironment(QStringLiteral("AIRLUME_TEST_CRASH"), QStringLiteral("throwquery"));
+    airlume.launch();
+    QVERIFY(airlume.waitForEnd());
+    QVERIFY(!airlume.endedNormally());
+    QVERIFY2(airlume.output().contains(QStringLiteral("terminate called")),
+        qPrintable(airlume.output()));
+    // The rooms were written before.
+    const QSettings rooms(
+        airlume.folder() + QStringLiteral("/WifiHomeTest.ini"), QSettings::IniFormat);
+    QCOMPARE(rooms.childGroups().size(), 5);
 }
 
 QTEST_GUILESS_MAIN(TestFaultyBackEnds)
