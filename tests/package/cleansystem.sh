@@ -32,7 +32,7 @@ cannot() {
 }
 
 make_system() {
-    local tool mirror codename
+    local tool architecture codename sources mirror
     rm -rf "$root" "$folder/missing"
     mkdir -p "$folder/cache"
     [ "$(id -u)" = 0 ] || cannot "only root may make a system"
@@ -45,20 +45,16 @@ make_system() {
     }
 
     # shellcheck disable=SC1091
-    codename=$(. /etc/os-release && echo "${VERSION_CODENAME:-}")
-    mirror=$(apt-get update --print-uris | sed -n "s#^'\(.*\)/dists/$codename/InRelease'.*#\1#p")
-    mirror=${mirror%%$'\n'*}
-    if [ -z "$codename" ] || [ -z "$mirror" ]; then
-        cannot "apt knows no mirror of this system"
-    fi
+    codename=$(. /etc/os-release && echo "${VERSION_CODENAME:-none}")
+    architecture=$(dpkg --print-architecture)
+    sources=$(apt-get update --print-uris | sed -nE "s#^'(.*)/dists/($codename(-[^/]*)?)/(main|universe)\
+/binary-$architecture/Packages.*#deb \1 \2 \4#p")
+    mirror=$(awk -v suite="$codename" '$3 == suite && !found++ { print $2 }' <<<"$sources")
+    [ -n "$mirror" ] || cannot "apt knows no mirror of this system"
     debootstrap --variant=minbase --cache-dir="$(realpath "$folder/cache")" "$codename" "$root" \
         "$mirror" >"$TMPDIR/log" 2>&1 || cannot "debootstrap failed: $(tail -n 1 "$TMPDIR/log")"
 
-    local place
-    for place in /etc/apt/sources.list /etc/apt/sources.list.d /etc/apt/auth.conf.d \
-        /etc/apt/keyrings /etc/apt/trusted.gpg.d /usr/share/keyrings; do
-        [ ! -e "$place" ] || cp -a --parents "$place" "$root"
-    done
+    echo "$sources" >"$root/etc/apt/sources.list"
     apt-config dump | grep '^Acquire::' >"$root/etc/apt/apt.conf.d/99acquire" || true
     printf '#!/bin/sh\nexit 101\n' >"$root/usr/sbin/policy-rc.d"
     chmod +x "$root/usr/sbin/policy-rc.d"
