@@ -1,5 +1,7 @@
 // The least that a Qt program with one Qwt graph can be: what Airlume's start, size and work are
 // held against. With a number as its argument the graph has as many curves, drawn anew every 3 s.
+// Qt sets up OpenGL for it, as it does by itself; with QT_XCB_GL_INTEGRATION=none in the
+// environment of run.sh it does not.
 
 #include "bench/baretimeplot.h"
 
