@@ -49,6 +49,12 @@ QWidget *namedWidget(const QString &name)
     return nullptr;
 }
 
+/// Nobody compares more of a text, and texts from the air may have megabytes.
+QString cut(const QString &text)
+{
+    return text.left(2000);
+}
+
 QJsonArray rows()
 {
     QJsonArray found;
@@ -57,7 +63,8 @@ QJsonArray rows()
         QJsonArray cells;
         for (int column = 0; column < list->model()->columnCount(); ++column) {
             const QVariant value = list->model()->index(row, column).data();
-            cells.append(column == 0 ? QJsonValue(value.toBool()) : QJsonValue(value.toString()));
+            cells.append(
+                column == 0 ? QJsonValue(value.toBool()) : QJsonValue(cut(value.toString())));
         }
         found.append(cells);
     }
@@ -79,7 +86,7 @@ template <typename Widget> QJsonArray textsOf(const QWidget *parent)
     const QList<Widget *> widgets = parent ? parent->findChildren<Widget *>() : QList<Widget *>();
     for (const Widget *widget : widgets) {
         if (!widget->text().isEmpty())
-            found.append(widget->text());
+            found.append(cut(widget->text()));
     }
     return found;
 }
@@ -123,7 +130,7 @@ QJsonArray times()
 QString labelText(const char *name)
 {
     const QLabel *label = child<QLabel>(name);
-    return label ? label->text() : QString();
+    return label ? cut(label->text()) : QString();
 }
 } // namespace
 
