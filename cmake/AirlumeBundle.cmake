@@ -1,5 +1,5 @@
-# The bundle airlume.app for macOS, in the build folder and by `cmake --install`. The checker and the
-# back end lie beside the program, where both look for it. The property list is made everywhere.
+# The bundle airlume.app for macOS, in the build folder and by `cmake --install`. The checker and
+# the back end lie beside the program, where both look for it. The property list is made everywhere.
 set(property_list "${PROJECT_BINARY_DIR}/packaging/Info.plist")
 configure_file("${PROJECT_SOURCE_DIR}/packaging/macos/Info.plist.in" "${property_list}" @ONLY)
 if(NOT APPLE)

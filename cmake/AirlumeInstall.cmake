@@ -14,7 +14,8 @@ endif()
 install(TARGETS airlume_plugin_simulated LIBRARY DESTINATION "${private_dir}/simulated")
 
 # Relative, so that the tree may be moved.
-file(RELATIVE_PATH from_bin "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBEXECDIR}/airlume")
+file(RELATIVE_PATH from_bin
+    "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBEXECDIR}/airlume")
 foreach(program IN ITEMS airlume airlume-plugincheck)
     set(link "${PROJECT_BINARY_DIR}/packaging/bin/${program}")
     file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/packaging/bin")

@@ -40,5 +40,5 @@ list(APPEND hardening "-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=")
 target_compile_options(airlume_options INTERFACE "$<$<CONFIG:Release>:${hardening}>")
 if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
     target_link_options(airlume_options INTERFACE
-        "$<$<CONFIG:Release>:LINKER:-z,relro;LINKER:-z,now;LINKER:-z,noexecstack;LINKER:--as-needed>")
+        "$<$<CONFIG:Release>:LINKER:-z,relro,-z,now,-z,noexecstack,--as-needed>")
 endif()

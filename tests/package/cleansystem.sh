@@ -47,8 +47,8 @@ make_system() {
     # shellcheck disable=SC1091
     codename=$(. /etc/os-release && echo "${VERSION_CODENAME:-none}")
     architecture=$(dpkg --print-architecture)
-    sources=$(apt-get update --print-uris | sed -nE "s#^'(.*)/dists/($codename(-[^/]*)?)/(main|universe)\
-/binary-$architecture/Packages.*#deb \1 \2 \4#p")
+    sources=$(apt-get update --print-uris | sed -nE \
+        "s#^'(.*)/dists/($codename(-.*)?)/(main|universe)/binary-$architecture/.*#deb \1 \2 \4#p")
     mirror=$(awk -v suite="$codename" '$3 == suite && !found++ { print $2 }' <<<"$sources")
     [ -n "$mirror" ] || cannot "apt knows no mirror of this system"
     debootstrap --variant=minbase --cache-dir="$(realpath "$folder/cache")" "$codename" "$root" \
