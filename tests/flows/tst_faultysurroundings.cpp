@@ -6,6 +6,7 @@
 #include <QtTest>
 
 #include <memory>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace
@@ -55,17 +56,30 @@ class TestFaultySurroundings : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase();
     void worksWhere_data();
     void worksWhere();
     void worksWithNothingToWriteIn();
     void worksWithoutFonts();
 };
 
+void TestFaultySurroundings::initTestCase()
+{
+    QFile file(QDir::tempPath() + QStringLiteral("/file"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    const QByteArray theirs = QFile::encodeName(QDir::tempPath() + QStringLiteral("/theirs"));
+    QCOMPARE(mkdir(theirs.constData(), 0777), 0);
+    QCOMPARE(chmod(theirs.constData(), 0777), 0);
+    if (geteuid() == 0)
+        QCOMPARE(chown(theirs.constData(), Stranger, Stranger), 0);
+}
+
 void TestFaultySurroundings::worksWhere_data()
 {
     // /proc is a folder in which not even root may write.
     const QString unwritable = QStringLiteral("/proc");
-    const QString file = QStringLiteral("/etc/passwd");
+    const QString file = QDir::tempPath() + QStringLiteral("/file");
+    const QString theirs = QDir::tempPath() + QStringLiteral("/theirs");
     const QString missing = QStringLiteral("/nonexistent/folder");
     const auto only = [](const char *name, const QString &value) {
         return Changes{{QLatin1String(name), value}};
@@ -82,12 +96,12 @@ void TestFaultySurroundings::worksWhere_data()
     QTest::newRow("the runtime folder is not set") << only("XDG_RUNTIME_DIR", QString());
     QTest::newRow("the runtime folder is missing") << only("XDG_RUNTIME_DIR", missing);
     QTest::newRow("the runtime folder is a file") << only("XDG_RUNTIME_DIR", file);
-    QTest::newRow("the runtime folder is for all")
-        << only("XDG_RUNTIME_DIR", QStringLiteral("/tmp"));
+    QTest::newRow("the runtime folder is for all, and another's")
+        << only("XDG_RUNTIME_DIR", theirs);
     QTest::newRow("none of these can be written") << Changes{
         {QStringLiteral("HOME"), unwritable},
         {QStringLiteral("TMPDIR"), unwritable},
-        {QStringLiteral("XDG_RUNTIME_DIR"), unwritable},
+        {QStringLiteral("XDG_RUNTIME_DIR"), missing},
     };
 }
 
