@@ -27,6 +27,10 @@ for argument; do
     *) build=$argument ;;
     esac
 done
+[ -d "$build" ] || {
+    echo "lint: $build is no folder" >&2
+    exit 1
+}
 [ ${#checks[@]} -gt 0 ] || checks=(format cppcheck tidy)
 
 skip() {
