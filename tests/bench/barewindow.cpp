@@ -1,7 +1,6 @@
 // The least that a Qt program with one Qwt graph can be: what Airlume's start, size and work are
 // held against. With a number as its argument the graph has as many curves, drawn anew every 3 s.
-// Qt sets up OpenGL for it, as it does by itself; with QT_XCB_GL_INTEGRATION=none in the
-// environment of run.sh it does not.
+// Qt sets up OpenGL for it, as it does by itself; not with "lean" as its argument.
 
 #include "bench/baretimeplot.h"
 
@@ -14,6 +13,8 @@ int main(int argc, char *argv[])
 {
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    if (argc > 1 && qstrcmp(argv[1], "lean") == 0)
+        qputenv("QT_XCB_GL_INTEGRATION", "none");
     QApplication application(argc, argv);
 
     QWidget window(nullptr, Qt::FramelessWindowHint);

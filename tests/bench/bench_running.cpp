@@ -81,7 +81,7 @@ void watch(const std::vector<Running *> &all, unsigned long seconds)
         one->pause = static_cast<double>(one->program->ask("pause")) / 1e6;
 }
 
-void report(const std::vector<Running> &ours, const std::vector<Running> &bare)
+void report(const std::vector<Running> &ours, const std::vector<Running> &bare, double leanMb)
 {
     const auto floorOf = [&bare](const Running &one) -> const Running & {
         return *std::find_if(bare.begin(), bare.end(),
@@ -94,8 +94,9 @@ void report(const std::vector<Running> &ours, const std::vector<Running> &bare)
     };
     for (const Running &one : ours) {
         // The least in memory is the window without curves.
-        line(
-            "resident", one, {one.program->residentMb(), bare.front().program->residentMb()}, "MB");
+        const double resident = one.program->residentMb();
+        line("resident", one, {resident, bare.front().program->residentMb()}, "MB");
+        line("resident (no OpenGL)", one, {resident, leanMb}, "MB");
         line("of a core", one, {one.core, floorOf(one).core}, "%");
         line("longest pause", one, {one.pause, floorOf(one).pause}, "ms");
     }
@@ -107,6 +108,8 @@ int main(int argc, char *argv[])
     const QCoreApplication application(argc, argv);
     const SideBySide::Extent extent(argc, argv);
 
+    WatchedProgram lean("barewindow", 0, {QStringLiteral("lean")});
+    lean.start();
     std::vector<Running> bare;
     for (int curves : {0, 15, 60, 300}) {
         bare.push_back({{"", 0, curves}, std::make_unique<WatchedProgram>("barewindow", 0,
@@ -126,6 +129,6 @@ int main(int argc, char *argv[])
             all.push_back(&one);
     }
     watch(all, extent.isQuick() ? 15 : 60);
-    report(ours, bare);
+    report(ours, bare, lean.residentMb());
     return 0;
 }

@@ -12,10 +12,12 @@ Prints what Airlume needs, what the barest Qt or Qwt code for the same needs, bo
 in the same run, their ratio, and how Airlume's value grows with the networks: its growth since the
 line above divided by theirs, so that more than 1 is superlinear.
 
-  --quick     few networks and few rounds: to try, in about two minutes
+  --quick     few networks and few rounds: to try, in about three minutes
   BENCHMARK   bench_startup, bench_running, bench_list, ... (default: all, in about ten minutes)
 
 Times are medians of processor time, except that of the first painted window, which a user waits for.
+Lines with "(no OpenGL)" have the bare window do without it, as Airlume does. In lines about rooms the
+number is that of the rooms.
 The build lies in build/bench, or in the folder that BENCH_BUILD names.
 TEXT
 }
@@ -47,12 +49,12 @@ if command -v xvfb-run >/dev/null; then
 fi
 printf 'Platform: %s. Processors: %s. Load before: %s\n' \
     "$platform" "$(nproc)" "$(cut -d' ' -f1-3 /proc/loadavg)"
-printf '%-42s %8s  %13s %13s %8s %7s\n' '' networks Airlume bare ratio growth
+printf '%-48s %8s  %13s %13s %8s %7s\n' what networks Airlume bare ratio growth
 for name in "${names[@]}"; do
     # Lines of the same kind stand together, whatever was measured in between.
     "$here/tests/isolated.sh" "${display[@]}" "$build/bin/$name" "${quick[@]}" | awk '
         {
-            kind = substr($0, 1, 42)
+            kind = substr($0, 1, 48)
             if (!(kind in lines))
                 kinds[++count] = kind
             lines[kind] = lines[kind] $0 "\n"

@@ -115,7 +115,7 @@ inline void report(
     static std::map<std::string, std::pair<int, double>> before;
     const auto places = [](double value) { return value < 9.95 ? 2 : 1; };
     const std::string number = networks < 0 ? "-" : std::to_string(networks);
-    std::printf("%-42s %8s  %9.*f %-3s %9.*f %-3s", what, number.c_str(), places(values.first),
+    std::printf("%-48s %8s  %9.*f %-3s %9.*f %-3s", what, number.c_str(), places(values.first),
         values.first, unit, places(values.second), values.second, unit);
     if (values.second > 0.)
         std::printf(" %8.2f", values.first / values.second);
