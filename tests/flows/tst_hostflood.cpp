@@ -77,9 +77,10 @@ void TestHostFlood::thousandsOfMessages()
         return speaks(state, QStringLiteral("fin")) || (host.sayLanguage("fin") && false);
     }));
     QVERIFY(airlume.waitFor(hasRows));
+    // The sanitizers keep what was freed, up to 256 MB.
     const qint64 grown = airlume.peakMemory() - before;
     qInfo("memory grew by %lld MB", grown / Megabyte);
-    QVERIFY2(grown < 400 * Megabyte, qPrintable(QString::number(grown)));
+    QVERIFY2(grown < 600 * Megabyte, qPrintable(QString::number(grown)));
 }
 
 void TestHostFlood::byteByByte()

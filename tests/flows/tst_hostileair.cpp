@@ -29,7 +29,9 @@ void TestHostileAir::windowLivesOn()
     const auto rows = [](const QJsonObject &state) {
         return state[QStringLiteral("rows")].toArray();
     };
-    QVERIFY(airlume.waitFor([&](const QJsonObject &state) { return !rows(state).isEmpty(); }));
+    // The first scan of such an air takes long under the sanitizers.
+    QVERIFY(
+        airlume.waitFor([&](const QJsonObject &state) { return !rows(state).isEmpty(); }, 300000));
     QCOMPARE(rows(airlume.state()).size(), 15);
 
     QElapsedTimer timer;
