@@ -2,6 +2,7 @@
 #include "flows/desktop.h"
 
 #include <QFile>
+#include <QLibraryInfo>
 #include <QtTest>
 
 Q_DECLARE_METATYPE(Desktop::Kind)
@@ -61,6 +62,9 @@ void TestOpenGl::isLoadedWhereTheUserAsksForIt()
 {
     if (!Desktop::missing(Desktop::X11).isEmpty())
         QSKIP(qPrintable(Desktop::missing(Desktop::X11) + QStringLiteral(" is not installed")));
+    if (!QFile::exists(QLibraryInfo::location(QLibraryInfo::PluginsPath) +
+                       QStringLiteral("/xcbglintegrations/libqxcb-glx-integration.so")))
+        QSKIP("Qt's plug-in for GLX is not installed");
     Desktop desktop(Desktop::X11, QSize(1400, 900));
     QVERIFY2(desktop.start(), qPrintable(desktop.output()));
     AirlumeProcess airlume{QString()};
