@@ -3,9 +3,10 @@
 #                       [DICTIONARY <absolute path>] [FUZZ_LIBRARY name])
 #
 # A libFuzzer target (sources with LLVMFuzzerTestOneInput) as a test that tries a bounded number of
-# inputs, starting from the seeds. A library is a target, or the path of a file to link. It is built by clang with AddressSanitizer and
+# inputs, starting from the seeds. It is built by clang with AddressSanitizer and
 # UndefinedBehaviorSanitizer, whatever compiler builds the rest; where clang or its fuzzer runtime
 # is missing the test is skipped. It runs in the plain build only: it brings its own sanitizers.
+# A library is a target, or the path of a file to link.
 function(airlume_add_fuzz_test)
     cmake_parse_arguments(ARG "" "NAME;RUNS;MAX_LENGTH;DICTIONARY;FUZZ_LIBRARY"
         "SOURCES;SEEDS;INCLUDE_DIRECTORIES;LIBRARIES" ${ARGN})
