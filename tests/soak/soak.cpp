@@ -90,10 +90,8 @@ int soak(double minutes, quint32 seed)
     QVector<Sample> samples;
     QElapsedTimer timer;
     timer.start();
-    const auto look = [&] {
-        return Sample{
-            static_cast<double>(timer.elapsed()) / 60000.0, processState(airlume.processId())};
-    };
+    const auto elapsed = [&timer] { return static_cast<double>(timer.elapsed()) / 60000.0; };
+    const auto look = [&] { return Sample{elapsed(), processState(airlume.processId())}; };
     print("started", look());
     while (elapsed() < minutes) {
         if (!hand.act()) {
