@@ -72,11 +72,12 @@ void watch(const std::vector<Running *> &all, unsigned long seconds)
 {
     for (Running *one : all) {
         one->program->ask("pause");
-        one->cpuBefore = one->program->cpuMs();
+        one->cpuBefore = one->program->held().cpuMs;
     }
     QThread::sleep(seconds);
     for (Running *one : all)
-        one->core = (one->program->cpuMs() - one->cpuBefore) / (10. * static_cast<double>(seconds));
+        one->core =
+            (one->program->held().cpuMs - one->cpuBefore) / (10. * static_cast<double>(seconds));
     for (Running *one : all)
         one->pause = static_cast<double>(one->program->ask("pause")) / 1e6;
 }
@@ -94,8 +95,8 @@ void report(const std::vector<Running> &ours, const std::vector<Running> &bare, 
     };
     for (const Running &one : ours) {
         // The least in memory is the window without curves.
-        const double resident = one.program->residentMb();
-        line("resident", one, {resident, bare.front().program->residentMb()}, "MB");
+        const double resident = one.program->held().residentMb;
+        line("resident", one, {resident, bare.front().program->held().residentMb}, "MB");
         line("resident (no OpenGL)", one, {resident, leanMb}, "MB");
         line("of a core", one, {one.core, floorOf(one).core}, "%");
         line("longest pause", one, {one.pause, floorOf(one).pause}, "ms");
@@ -129,6 +130,6 @@ int main(int argc, char *argv[])
             all.push_back(&one);
     }
     watch(all, extent.isQuick() ? 15 : 60);
-    report(ours, bare, lean.residentMb());
+    report(ours, bare, lean.held().residentMb);
     return 0;
 }

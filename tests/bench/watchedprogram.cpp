@@ -62,25 +62,12 @@ qint64 WatchedProgram::ask(const QByteArray &command)
     return readLine().toLongLong();
 }
 
-double WatchedProgram::residentMb() const
+ProcessState WatchedProgram::held() const
 {
-    QFile file(QStringLiteral("/proc/%1/status").arg(m_process.processId()));
-    if (!file.open(QIODevice::ReadOnly))
+    const std::optional<ProcessState> state = processState(m_process.processId());
+    if (!state)
         qFatal("%s has ended", qPrintable(m_process.program()));
-    const QByteArray status = file.readAll();
-    // In a line "VmRSS:   123 kB".
-    const int number = status.indexOf("VmRSS:") + 6;
-    return status.mid(number, status.indexOf("kB", number) - number).trimmed().toDouble() / 1024.;
-}
-
-double WatchedProgram::cpuMs() const
-{
-    clockid_t clock;
-    timespec used{};
-    if (clock_getcpuclockid(static_cast<pid_t>(m_process.processId()), &clock) != 0 ||
-        clock_gettime(clock, &used) != 0)
-        qFatal("%s has ended", qPrintable(m_process.program()));
-    return static_cast<double>(used.tv_sec) * 1e3 + static_cast<double>(used.tv_nsec) / 1e6;
+    return *state;
 }
 
 QByteArray WatchedProgram::readLine()

@@ -1,6 +1,8 @@
 #ifndef AIRLUME_TESTS_BENCH_WATCHEDPROGRAM_H
 #define AIRLUME_TESTS_BENCH_WATCHEDPROGRAM_H
 
+#include "support/processstate.h"
+
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -25,10 +27,8 @@ public:
     /// Sends a command to the watch plug-in; its answer.
     qint64 ask(const QByteArray &command);
 
-    /// Resident memory in MB (2²⁰ octets), with what is shared with other programs.
-    double residentMb() const;
-    /// Processor time that the program and the kernel for it have used, in ms.
-    double cpuMs() const;
+    /// What the program holds now; when it has ended the benchmark ends.
+    ProcessState held() const;
 
 private:
     QByteArray readLine();

@@ -129,29 +129,9 @@ QString AirlumeProcess::output()
     return QString::fromUtf8(m_printed);
 }
 
-qint64 AirlumeProcess::processorTime() const
+ProcessState AirlumeProcess::held() const
 {
-    QFile file(QStringLiteral("/proc/%1/stat").arg(processId()));
-    if (!file.open(QIODevice::ReadOnly))
-        return -1;
-    // Behind the name, which may hold anything: state, ten more fields, user and system time.
-    const QByteArray stat = file.readAll();
-    const QList<QByteArray> fields = stat.mid(stat.lastIndexOf(')') + 2).split(' ');
-    const qint64 ticks = fields.value(11).toLongLong() + fields.value(12).toLongLong();
-    return ticks * 1000 / sysconf(_SC_CLK_TCK);
-}
-
-qint64 AirlumeProcess::peakMemory() const
-{
-    QFile file(QStringLiteral("/proc/%1/status").arg(processId()));
-    if (!file.open(QIODevice::ReadOnly))
-        return -1;
-    const QList<QByteArray> lines = file.readAll().split('\n');
-    for (const QByteArray &line : lines) {
-        if (line.startsWith("VmHWM:"))
-            return line.mid(6).trimmed().split(' ').first().toLongLong() * 1024;
-    }
-    return -1;
+    return processState(processId()).value_or(ProcessState());
 }
 
 QJsonObject AirlumeProcess::ask(const QString &line)
@@ -194,4 +174,9 @@ bool AirlumeProcess::waitFor(const std::function<bool(const QJsonObject &)> &rea
         QThread::msleep(LookEveryMs);
     }
     return false;
+}
+
+bool hasRows(const QJsonObject &state)
+{
+    return !state[QStringLiteral("rows")].toArray().isEmpty();
 }

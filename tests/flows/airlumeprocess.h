@@ -1,6 +1,8 @@
 #ifndef AIRLUME_TESTS_FLOWS_AIRLUMEPROCESS_H
 #define AIRLUME_TESTS_FLOWS_AIRLUMEPROCESS_H
 
+#include "support/processstate.h"
+
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonObject>
@@ -61,10 +63,8 @@ public:
     /// Looks until `reached` says so.
     bool waitFor(const std::function<bool(const QJsonObject &)> &reached, int timeoutMs = 60000);
 
-    /// Processor time the running process has used so far, in ms; -1 when it cannot be told.
-    qint64 processorTime() const;
-    /// The most memory the running process has used so far, in bytes; -1 when it cannot be told.
-    qint64 peakMemory() const;
+    /// What the running process holds; zeros when it has ended.
+    ProcessState held() const;
 
 private:
     void prepare(const QString &program, const QString &backEnd, const QString &socket);
@@ -78,5 +78,8 @@ private:
     QFile m_output;
     QByteArray m_printed;
 };
+
+/// For AirlumeProcess::waitFor(): the list shows networks.
+bool hasRows(const QJsonObject &state);
 
 #endif

@@ -84,3 +84,8 @@ bool speaks(const QJsonObject &state, const QString &code)
 {
     return state[QStringLiteral("tabs")].toArray() == tabsIn(code);
 }
+
+std::function<bool(const QJsonObject &)> speaking(const QString &code)
+{
+    return [code](const QJsonObject &state) { return speaks(state, code); };
+}

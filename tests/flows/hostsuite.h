@@ -7,6 +7,8 @@
 #include <QLocalSocket>
 #include <QScopedPointer>
 
+#include <functional>
+
 /// Plays the host suite for one program, step by step: no event loop is needed.
 class HostSuite
 {
@@ -39,7 +41,10 @@ QString textIn(const QString &code, const QString &key);
 /// The tabs' titles in that language.
 QJsonArray tabsIn(const QString &code);
 
-/// For AirlumeProcess::waitFor(): the tabs' titles are in that language.
+/// The tabs' titles are in that language.
 bool speaks(const QJsonObject &state, const QString &code);
+
+/// The same for AirlumeProcess::waitFor().
+std::function<bool(const QJsonObject &)> speaking(const QString &code);
 
 #endif

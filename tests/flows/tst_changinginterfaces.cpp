@@ -11,7 +11,7 @@ const int TimeoutMs = 120000;
 const QString NoRadio = QStringLiteral("Please make sure turn on the wireless radio.");
 const QString Nameless = QStringLiteral("where none has a name");
 
-bool hasRows(const QJsonObject &state)
+bool hasAllRows(const QJsonObject &state)
 {
     return state[QStringLiteral("rows")].toArray().size() == 3;
 }
@@ -53,7 +53,7 @@ struct Story {
     void look()
     {
         const QJsonObject state = airlume->state();
-        rows = rows || hasRows(state);
+        rows = rows || hasAllRows(state);
         noRadio = noRadio || saysNoRadio(state);
         noRadioAfterRows = noRadioAfterRows || (rows && saysNoRadio(state));
     }

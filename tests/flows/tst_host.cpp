@@ -1,6 +1,7 @@
 #include "flows/airlumeprocess.h"
 #include "flows/hostsuite.h"
 #include "support/busyhost.h"
+#include "support/languagecodes.h"
 
 #include <QFile>
 #include <QtTest>
@@ -8,15 +9,6 @@
 namespace
 {
 const QString Simulated = QStringLiteral("plugins/simulated");
-const char *const Codes[] = {"enu", "deu", "sve", "fra", "nld", "ita", "esp", "dan", "fin", "nor",
-    "ell", "ptb", "rus", "plk", "hun", "csy", "slv", "sky", "rom", "chs", "cht", "kor", "jpn",
-    "ara", "tur"};
-
-/// Condition for AirlumeProcess::waitFor().
-std::function<bool(const QJsonObject &)> speaking(const QString &code)
-{
-    return [code](const QJsonObject &state) { return speaks(state, code); };
-}
 
 bool isJoined(const QJsonObject &state)
 {
@@ -111,7 +103,7 @@ void TestHost::everyLanguageReachesTheWindow()
     QVERIFY(host.isAsked());
     // English last: it is there from the start.
     for (int i = 1; i <= 25; ++i) {
-        const char *code = Codes[i % 25];
+        const char *code = LanguageCodes[i % LanguageCount];
         QVERIFY2(!tabsIn(QLatin1String(code)).at(3).toString().isEmpty(), code);
         QVERIFY(host.sayLanguage(code));
         QVERIFY2(airlume.waitFor(speaking(QLatin1String(code))), code);
@@ -252,14 +244,14 @@ void TestHost::garbageIsIgnored()
     QVERIFY(host.isAsked());
     QVERIFY(host.sayLanguage("deu"));
     QVERIFY(airlume.waitFor(speaking(QStringLiteral("deu"))));
-    const qint64 before = airlume.peakMemory();
-    QVERIFY(before > 0);
+    const double before = airlume.held().peakMb;
+    QVERIFY(before > 0.0);
 
     QVERIFY(host.say(garbage));
     QVERIFY2(airlume.waitFor(speaking(language)), qPrintable(airlume.output()));
     // Bytes, characters and a copy or two for a moment; the channel does not pile them up.
-    QVERIFY2(airlume.peakMemory() < before + 200 * 1024 * 1024,
-        qPrintable(QString::number(airlume.peakMemory())));
+    QVERIFY2(
+        airlume.held().peakMb < before + 200.0, qPrintable(QString::number(airlume.held().peakMb)));
     QVERIFY(host.sayLanguage("ell"));
     QVERIFY(airlume.waitFor(speaking(QStringLiteral("ell"))));
 }
@@ -299,9 +291,7 @@ void TestHost::hostThatDiesChangesNothing()
     QVERIFY(airlume.waitFor(speaking(QStringLiteral("rus"))));
     host.die();
 
-    QVERIFY(airlume.waitFor([](const QJsonObject &state) {
-        return !state[QStringLiteral("rows")].toArray().isEmpty();
-    }));
+    QVERIFY(airlume.waitFor(hasRows));
     QVERIFY(speaks(airlume.state(), QStringLiteral("rus")));
     QVERIFY(airlume.command(QStringLiteral("click close1")));
     QVERIFY(airlume.waitForEnd());

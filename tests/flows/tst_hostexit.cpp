@@ -10,11 +10,6 @@ namespace
 {
 const QString Simulated = QStringLiteral("plugins/simulated");
 
-bool hasRows(const QJsonObject &state)
-{
-    return !state[QStringLiteral("rows")].toArray().isEmpty();
-}
-
 std::function<bool(const QJsonObject &)> modal(const char *className)
 {
     return [className](const QJsonObject &state) {

@@ -22,11 +22,6 @@ QString socketPath()
     return QDir::tempPath() + QStringLiteral("/Airlume_LocalServer");
 }
 
-bool hasRows(const QJsonObject &state)
-{
-    return !state[QStringLiteral("rows")].toArray().isEmpty();
-}
-
 bool isSocketOf(uint userId)
 {
     struct stat status;

@@ -8,10 +8,6 @@ namespace
 {
 const QString Simulated = QStringLiteral("plugins/simulated");
 
-bool hasRows(const QJsonObject &state)
-{
-    return !state[QStringLiteral("rows")].toArray().isEmpty();
-}
 } // namespace
 
 /// The program from start to end, as a process.

@@ -2,6 +2,7 @@
 
 #include "i18n/languagefileoperate.h"
 #include "i18n/languagelabels.h"
+#include "support/languagecodes.h"
 #include "support/messagelog.h"
 
 #include <QDir>
@@ -14,9 +15,10 @@ const QString FileName = QStringLiteral("AirlumeLang.txt");
 
 QStringList codes()
 {
-    return QStringLiteral("enu deu sve fra nld ita esp dan fin nor ell ptb rus plk hun csy slv sky "
-                          "rom chs cht kor jpn ara tur")
-        .split(QLatin1Char(' '));
+    QStringList all;
+    for (const char *code : LanguageCodes)
+        all.append(QLatin1String(code));
+    return all;
 }
 
 QString embeddedFolder()

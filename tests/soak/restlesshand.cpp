@@ -2,6 +2,7 @@
 
 #include "flows/airlumeprocess.h"
 #include "flows/hostsuite.h"
+#include "support/languagecodes.h"
 
 namespace
 {
@@ -11,10 +12,6 @@ const int ColumnCount = 6;
 /// Rooms the program starts with; they stay.
 const int FirstRooms = 5;
 const int MostRooms = 40;
-const char *const Codes[] = {"enu", "deu", "sve", "fra", "nld", "ita", "esp", "dan", "fin", "nor",
-    "ell", "ptb", "rus", "plk", "hun", "csy", "slv", "sky", "rom", "chs", "cht", "kor", "jpn",
-    "ara", "tur"};
-const int CodeCount = sizeof Codes / sizeof *Codes;
 
 QString number(const char *verb, int value)
 {
@@ -83,9 +80,8 @@ bool RestlessHand::resizeWindow()
 
 bool RestlessHand::changeLanguage()
 {
-    const QString code = QLatin1String(Codes[below(CodeCount)]);
-    return m_host.sayLanguage(code.toLatin1()) &&
-           m_airlume.waitFor([code](const QJsonObject &state) { return speaks(state, code); });
+    const QString code = QLatin1String(LanguageCodes[below(LanguageCount)]);
+    return m_host.sayLanguage(code.toLatin1()) && m_airlume.waitFor(speaking(code));
 }
 
 bool RestlessHand::testRoom()

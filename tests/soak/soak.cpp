@@ -1,7 +1,7 @@
 #include "flows/airlumeprocess.h"
 #include "flows/hostsuite.h"
-#include "soak/processstate.h"
 #include "soak/restlesshand.h"
+#include "support/processstate.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -65,7 +65,7 @@ void print(const char *what, const Sample &sample)
     std::printf("%-9s %6.1f min  own %6.2f MB  resident %6.2f MB  handles %3d  threads %2d  "
                 "processor %6.1f s\n",
         what, sample.minutes, sample.state.ownMb, sample.state.residentMb, sample.state.handles,
-        sample.state.threads, sample.state.cpuSeconds);
+        sample.state.threads, sample.state.cpuMs / 1000.0);
     std::fflush(stdout);
 }
 
@@ -91,7 +91,7 @@ int soak(double minutes, quint32 seed)
     QElapsedTimer timer;
     timer.start();
     const auto elapsed = [&timer] { return static_cast<double>(timer.elapsed()) / 60000.0; };
-    const auto look = [&] { return Sample{elapsed(), processState(airlume.processId())}; };
+    const auto look = [&] { return Sample{elapsed(), airlume.held()}; };
     print("started", look());
     while (elapsed() < minutes) {
         if (!hand.act()) {

@@ -1,24 +1,20 @@
-#include "soak/processstate.h"
+#include "support/processstate.h"
 
 #include <QDir>
 #include <QFile>
 
+#include <ctime>
 #include <unistd.h>
 
 namespace
 {
-QByteArray procFile(qint64 processId, const char *name)
-{
-    QFile file(QStringLiteral("/proc/%1/%2").arg(processId).arg(QLatin1String(name)));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 int entries(qint64 processId, const char *folder)
 {
     const QDir dir(QStringLiteral("/proc/%1/%2").arg(processId).arg(QLatin1String(folder)));
     return dir.entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size();
 }
 
+/// Of a line "VmRSS:   123 kB".
 double megabytes(const QByteArray &status, const char *name)
 {
     const QList<QByteArray> lines = status.split('\n');
@@ -30,18 +26,22 @@ double megabytes(const QByteArray &status, const char *name)
 }
 } // namespace
 
-ProcessState processState(qint64 processId)
+std::optional<ProcessState> processState(qint64 processId)
 {
+    QFile file(QStringLiteral("/proc/%1/status").arg(processId));
+    clockid_t clock;
+    timespec used{};
+    if (!file.open(QIODevice::ReadOnly) ||
+        clock_getcpuclockid(static_cast<pid_t>(processId), &clock) != 0 ||
+        clock_gettime(clock, &used) != 0)
+        return std::nullopt;
+    const QByteArray status = file.readAll();
     ProcessState state;
-    const QByteArray status = procFile(processId, "status");
     state.ownMb = megabytes(status, "RssAnon:");
     state.residentMb = megabytes(status, "VmRSS:");
+    state.peakMb = megabytes(status, "VmHWM:");
     state.handles = entries(processId, "fd");
     state.threads = entries(processId, "task");
-    // The fields from the third on follow the program's name, which stands in brackets.
-    const QByteArray stat = procFile(processId, "stat");
-    const QList<QByteArray> fields = stat.mid(stat.lastIndexOf(')') + 2).split(' ');
-    state.cpuSeconds = (fields.value(11).toDouble() + fields.value(12).toDouble()) /
-                       static_cast<double>(sysconf(_SC_CLK_TCK));
+    state.cpuMs = static_cast<double>(used.tv_sec) * 1e3 + static_cast<double>(used.tv_nsec) / 1e6;
     return state;
 }
