@@ -64,7 +64,7 @@ Airlume::Airlume(QWidget *parent)
     applyStyleSheet();
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Minimum);
     // Narrower than the minimum width, which wins.
-    setMaximumSize(NormalMaximumSize);
+    limitSize(NormalMaximumSize);
     resize(MinimumWidth, NormalMaximumSize.height());
     m_pTreeView->setFocus();
     m_pScanThread->start();
@@ -192,8 +192,7 @@ void Airlume::onBtnRestoreClicked()
     // First, since a change of the window's state comes back through changeEvent().
     m_bMaximized = !m_bMaximized;
     if (!m_bMaximized) {
-        if (!bySystem)
-            setMaximumSize(NormalMaximumSize);
+        limitSize(NormalMaximumSize);
         qDebug() << "restore window";
         if (bySystem)
             setWindowState(windowState() & ~Qt::WindowMaximized);
@@ -203,7 +202,7 @@ void Airlume::onBtnRestoreClicked()
     } else {
         qDebug() << "show max window";
         m_normalGeometry = geometry();
-        setMaximumSize(QApplication::desktop()->size());
+        limitSize(QApplication::desktop()->size());
         // Of the right size but where it is now, the window would hang out of the screen.
         if (bySystem)
             setWindowState(windowState() | Qt::WindowMaximized);
@@ -212,6 +211,14 @@ void Airlume::onBtnRestoreClicked()
         m_pSizeButtons->setCurrentWidget(m_pRestoreBtn);
     }
     tellSize();
+}
+
+/// Where the system sizes windows Qt would hold its sizes within the limit, and the system ends a
+/// program whose maximised window has another size: there resizeEvent() sees to the limit.
+void Airlume::limitSize(const QSize &largest)
+{
+    if (!systemPlacesWindows())
+        setMaximumSize(largest);
 }
 
 /// Where the screen is smaller than the window may be, the system would end the program.
@@ -245,9 +252,9 @@ void Airlume::resizeEvent(QResizeEvent *event)
     if (!systemPlacesWindows())
         return;
     // The system's size arrives later than the click that asked for it. Not before may the window
-    // shrink: the system ends a program whose maximised window takes another size by itself.
-    if (!m_bMaximized)
-        setMaximumSize(NormalMaximumSize);
+    // shrink.
+    if (!m_bMaximized && !isFullScreen())
+        resize(size().boundedTo(NormalMaximumSize).expandedTo(minimumSize()));
     tellSize();
 }
 

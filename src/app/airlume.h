@@ -86,6 +86,7 @@ private:
     void connectThreads();
     void applyStyleSheet();
     void dragTo(const QPoint &cursor);
+    void limitSize(const QSize &largest);
     bool isMaximisedBySystem() const;
     void tellSize();
 

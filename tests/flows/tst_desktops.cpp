@@ -128,6 +128,8 @@ private slots:
     void secondCopyAndCloseButtonEndAtOnce_data() { kinds(); }
     void secondCopyAndCloseButtonEndAtOnce();
     void followsWhatTheDesktopDoesToTheWindow();
+    void growsWhenTheDesktopMaximisesIt();
+    void fillsTheScreenWhenTheDesktopWantsItTo();
     void asksTheDesktopToMinimise();
     void survivesAScreenSmallerThanItself();
     void paintsInFullDensity();
@@ -286,6 +288,34 @@ void TestDesktops::followsWhatTheDesktopDoesToTheWindow()
     QVERIFY2(room.waitForSize(NormalSize), qPrintable(room.output()));
     QVERIFY(room.airlume.command(QStringLiteral("click maximize")));
     QVERIFY(room.waitForOutput(QStringLiteral("set_window_geometry\\(0, 0, 1400"), 2));
+    QVERIFY2(!room.output().contains(QLatin1String("error")), qPrintable(room.output()));
+}
+
+void TestDesktops::growsWhenTheDesktopMaximisesIt()
+{
+    OnDesktop room(Desktop::Wayland);
+    QVERIFY2(room.start(), qPrintable(room.output()));
+    QVERIFY(room.waitForSize(NormalSize));
+    for (int round = 0; round < 3; ++round) {
+        QVERIFY(room.desktop.hand({QStringLiteral("key"), QStringLiteral("super+shift+m")}));
+        QVERIFY2(room.airlume.waitFor([](const QJsonObject &state) {
+            return geometryIn(state).width() == ScreenSize.width();
+        }),
+            qPrintable(room.output().right(2000)));
+        QVERIFY(room.desktop.hand({QStringLiteral("key"), QStringLiteral("super+shift+m")}));
+        QVERIFY2(room.waitForSize(NormalSize), qPrintable(room.output().right(2000)));
+    }
+}
+
+void TestDesktops::fillsTheScreenWhenTheDesktopWantsItTo()
+{
+    OnDesktop room(Desktop::Wayland);
+    QVERIFY2(room.start(), qPrintable(room.output()));
+    QVERIFY(room.waitForSize(NormalSize));
+    QVERIFY(room.desktop.hand({QStringLiteral("key"), QStringLiteral("super+shift+f")}));
+    QVERIFY2(room.waitForSize(ScreenSize), qPrintable(room.output().right(2000)));
+    QVERIFY(room.desktop.hand({QStringLiteral("key"), QStringLiteral("super+shift+f")}));
+    QVERIFY2(room.waitForSize(NormalSize), qPrintable(room.output().right(2000)));
     QVERIFY2(!room.output().contains(QLatin1String("error")), qPrintable(room.output()));
 }
 
