@@ -18,6 +18,19 @@ double bounded(double low, double value, double high)
 {
     return qMax(low, qMin(value, high));
 }
+
+QFont nameFont(QFont font)
+{
+    font.setPointSize(NamePointSize);
+    return font;
+}
+
+QRectF rectInside(const QRectF &canvasRect, const QPointF &apex, const QwtText &name)
+{
+    QRectF rect(QPointF(), name.textSize());
+    rect.moveCenter(centerInside(canvasRect, apex, rect.size()));
+    return rect;
+}
 } // namespace
 
 QPointF centerInside(const QRectF &bounds, const QPointF &center, const QSizeF &size)
@@ -40,22 +53,28 @@ ApexMarker::ApexMarker(const QString &ssid)
     setLinePen(QPen(Qt::black, 2., Qt::SolidLine));
 }
 
+QRectF ApexMarker::nameRect(const QRectF &canvasRect, const QPointF &apex, const QFont &font) const
+{
+    return rectInside(canvasRect, apex, fittingName(canvasRect, nameFont(font)));
+}
+
 void ApexMarker::drawLabel(QPainter *painter, const QRectF &canvasRect, const QPointF &pos) const
 {
-    QFont font = painter->font();
-    font.setPointSize(NamePointSize);
-    painter->setFont(font);
+    painter->setFont(nameFont(painter->font()));
+    painter->setPen(Qt::black);
+    const QwtText name = fittingName(canvasRect, painter->font());
+    name.draw(painter, rectInside(canvasRect, pos, name).translated(0., m_down));
+}
+
+QwtText ApexMarker::fittingName(const QRectF &canvasRect, const QFont &font) const
+{
     QwtText name = label();
-    QSizeF size = name.textSize(font);
-    if (size.width() > canvasRect.width()) {
+    name.setFont(font);
+    if (name.textSize().width() > canvasRect.width()) {
         // Measured for the canvas, as Qwt measures: the painter's resolution may be another.
         const QFontMetricsF metrics(font, plot()->canvas());
         name.setText(metrics.elidedText(name.text(), Qt::ElideRight, canvasRect.width()),
             QwtText::PlainText);
-        size = name.textSize(font);
     }
-    QRectF rect(QPointF(), size);
-    rect.moveCenter(centerInside(canvasRect, pos, size));
-    painter->setPen(Qt::black);
-    name.draw(painter, rect);
+    return name;
 }

@@ -14,8 +14,19 @@ class ApexMarker : public QwtPlotMarker
 public:
     explicit ApexMarker(const QString &ssid);
 
+    /// Where the name lies when its apex stands at `apex` of the canvas, unless it is moved; drawn
+    /// in the family of `font`.
+    QRectF nameRect(const QRectF &canvasRect, const QPointF &apex, const QFont &font) const;
+    /// Draws the name so much lower than there, in pixels; negative: higher.
+    void moveName(double down) { m_down = down; }
+
 protected:
     void drawLabel(QPainter *painter, const QRectF &canvasRect, const QPointF &pos) const override;
+
+private:
+    QwtText fittingName(const QRectF &canvasRect, const QFont &font) const;
+
+    double m_down = 0.;
 };
 
 #endif

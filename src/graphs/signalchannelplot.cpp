@@ -2,12 +2,17 @@
 
 #include "graphs/apexmarker.h"
 #include "graphs/curvecolors.h"
+#include "graphs/namespread.h"
 #include "graphs/networkname.h"
 #include "graphs/plotlook.h"
 #include "graphs/signalscaledraw.h"
 
 #include <QDebug>
+#include <QPainter>
 #include <qwt_plot_curve.h>
+#include <qwt_scale_map.h>
+
+#include <algorithm>
 
 namespace
 {
@@ -121,6 +126,39 @@ void SignalChannelPlot::timerEvent(QTimerEvent *)
             entry.curve->setSamples(entry.points);
     }
     replot();
+}
+
+void SignalChannelPlot::drawItems(
+    QPainter *painter, const QRectF &canvasRect, const QwtScaleMap maps[axisCnt]) const
+{
+    spreadNames(painter->font(), canvasRect, maps);
+    QwtPlot::drawItems(painter, canvasRect, maps);
+}
+
+/// Networks of one channel are often as strong as each other: their names would hide each other.
+void SignalChannelPlot::spreadNames(
+    const QFont &font, const QRectF &canvasRect, const QwtScaleMap maps[axisCnt]) const
+{
+    QVector<ApexMarker *> markers;
+    for (const pointData &entry : curveMap) {
+        if (entry.marker->isVisible())
+            markers.append(entry.marker);
+    }
+    // Whoever is stronger stands above, so the weaker ones step aside.
+    std::stable_sort(
+        markers.begin(), markers.end(), [](const ApexMarker *one, const ApexMarker *other) {
+            return one->yValue() > other->yValue();
+        });
+    QVector<QRectF> names;
+    names.reserve(markers.size());
+    for (const ApexMarker *marker : qAsConst(markers)) {
+        const QPointF apex(maps[xBottom].transform(marker->xValue()),
+            maps[m_band.dBmAxis].transform(marker->yValue()));
+        names.append(marker->nameRect(canvasRect, apex, font));
+    }
+    const QVector<double> moves = ::spreadNames(names, canvasRect);
+    for (int i = 0; i < moves.size(); ++i)
+        markers.at(i)->moveName(moves.at(i));
 }
 
 void SignalChannelPlot::onShowCurve(int, QString strSsid, bool checked)

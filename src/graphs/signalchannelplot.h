@@ -8,8 +8,8 @@
 #include <QVector>
 #include <qwt_plot.h>
 
+class ApexMarker;
 class QwtPlotCurve;
-class QwtPlotMarker;
 
 /// Draws each ticked network of one band as a triangle over its channel, as high as its signal,
 /// with its name at the apex. The base of the graphs of both bands.
@@ -51,12 +51,14 @@ protected:
     void insertNetworks(const QVector<WifiProperty> &networks, int &counter);
 
     void timerEvent(QTimerEvent *event) override;
+    void drawItems(QPainter *painter, const QRectF &canvasRect,
+        const QwtScaleMap maps[axisCnt]) const override;
 
 private:
     /// What is known about one network.
     struct pointData {
         QwtPlotCurve *curve = nullptr;
-        QwtPlotMarker *marker = nullptr;
+        ApexMarker *marker = nullptr;
         QVector<QPointF> points;
         int channel = 0; ///< Where the network was first seen; never updated.
     };
@@ -64,6 +66,8 @@ private:
     void addNetwork(const WifiProperty &record, const QColor &color);
     void removeNetwork(const QString &ssid);
     void deleteCurves();
+    void spreadNames(
+        const QFont &font, const QRectF &canvasRect, const QwtScaleMap maps[axisCnt]) const;
 
     const ChannelBand &m_band;
     QMap<QString, pointData> curveMap;

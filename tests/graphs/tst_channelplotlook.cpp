@@ -2,6 +2,7 @@
 #include "graphs/signal2gplot.h"
 #include "graphs/signal5gplot.h"
 #include "support/messagelog.h"
+#include "support/testair.h"
 
 #include <QAbstractEventDispatcher>
 #include <QTest>
@@ -10,7 +11,21 @@
 #include <qwt_plot_layout.h>
 #include <qwt_scale_widget.h>
 
-/// How the channel graphs look before anything is drawn. Most tests run for both bands.
+namespace
+{
+int blackPixels(const QImage &picture)
+{
+    int count = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            count += picture.pixelColor(x, y) == QColor(Qt::black) ? 1 : 0;
+    }
+    return count;
+}
+} // namespace
+
+/// How the channel graphs look before anything is drawn, and where names stand. Most tests run for
+/// both bands.
 class TestChannelPlotLook : public QObject
 {
     Q_OBJECT
@@ -27,6 +42,8 @@ private slots:
     void bothGraphsAskForTheSameRoom();
     void clicksNeverZoom_data() { bands(); }
     void clicksNeverZoom();
+    void namesAtOneApexStandApart_data() { bands(); }
+    void namesAtOneApexStandApart();
 
 private:
     static void bands();
@@ -124,6 +141,35 @@ void TestChannelPlotLook::clicksNeverZoom()
     GraphTest::handleLikeAZoomingUser(m_plot->canvas());
     QCOMPARE(m_plot->axisInterval(QwtPlot::xBottom), channels);
     QCOMPARE(m_plot->axisInterval(m_axis), QwtInterval(-100., 0.));
+}
+
+void TestChannelPlotLook::namesAtOneApexStandApart()
+{
+    QFETCH(bool, is2G);
+    // Blocks, so that every pixel of a name is black.
+    const QString first(3, QChar(0x2588));
+    const QString second(4, QChar(0x2588));
+    m_plot->resize(500, 300);
+    m_plot->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_plot.get()));
+    const int channel = is2G ? 6 : 100;
+    m_plot->onDataReturned(
+        {TestAir::network(first, -50, channel), TestAir::network(second, -50, channel)});
+    const QRect withoutCorners = m_plot->canvas()->rect().adjusted(10, 10, -10, -10);
+    // Names are drawn at the tick after.
+    const auto drawn = [&](const QString &name, bool shown) {
+        m_plot->onShowCurve(0, name, shown);
+        GraphTest::tick(m_plot.get());
+        return m_plot->canvas()->grab(withoutCorners).toImage();
+    };
+    const QImage none = m_plot->canvas()->grab(withoutCorners).toImage();
+    const QImage one = drawn(first, true);
+    const int inOne = blackPixels(one) - blackPixels(none);
+    QVERIFY(inOne > 100);
+    const int inBoth = blackPixels(drawn(second, true)) - blackPixels(none);
+    QVERIFY2(inBoth > 2 * inOne, qPrintable(QStringLiteral("%1, %2").arg(inOne).arg(inBoth)));
+    // Alone again, it stands where it stood.
+    QCOMPARE(drawn(second, false), one);
 }
 
 QTEST_MAIN(TestChannelPlotLook)
