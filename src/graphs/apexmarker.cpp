@@ -58,6 +58,14 @@ QRectF ApexMarker::nameRect(const QRectF &canvasRect, const QPointF &apex, const
     return rectInside(canvasRect, apex, fittingName(canvasRect, nameFont(font)));
 }
 
+void ApexMarker::draw(QPainter *, const QwtScaleMap &, const QwtScaleMap &, const QRectF &) const {}
+
+void ApexMarker::drawName(QPainter *painter, const QwtScaleMap &xMap, const QwtScaleMap &yMap,
+    const QRectF &canvasRect) const
+{
+    QwtPlotMarker::draw(painter, xMap, yMap, canvasRect);
+}
+
 void ApexMarker::drawLabel(QPainter *painter, const QRectF &canvasRect, const QPointF &pos) const
 {
     painter->setFont(nameFont(painter->font()));

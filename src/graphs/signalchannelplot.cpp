@@ -128,30 +128,49 @@ void SignalChannelPlot::timerEvent(QTimerEvent *)
     replot();
 }
 
+void SignalChannelPlot::replot()
+{
+    for (const pointData &entry : qAsConst(curveMap))
+        entry.marker->follow();
+    QwtPlot::replot();
+}
+
 void SignalChannelPlot::drawItems(
     QPainter *painter, const QRectF &canvasRect, const QwtScaleMap maps[axisCnt]) const
 {
-    spreadNames(painter->font(), canvasRect, maps);
     QwtPlot::drawItems(painter, canvasRect, maps);
+    const QVector<ApexMarker *> markers = drawnMarkers();
+    spreadNames(markers, painter->font(), canvasRect, maps);
+    for (const ApexMarker *marker : markers) {
+        painter->save();
+        marker->drawName(painter, maps[xBottom], maps[m_band.dBmAxis], canvasRect);
+        painter->restore();
+    }
 }
 
-/// Networks of one channel are often as strong as each other: their names would hide each other.
-void SignalChannelPlot::spreadNames(
-    const QFont &font, const QRectF &canvasRect, const QwtScaleMap maps[axisCnt]) const
+/// The strongest first.
+QVector<ApexMarker *> SignalChannelPlot::drawnMarkers() const
 {
     QVector<ApexMarker *> markers;
     for (const pointData &entry : curveMap) {
-        if (entry.marker->isVisible())
+        if (entry.marker->isDrawn())
             markers.append(entry.marker);
     }
-    // Whoever is stronger stands above, so the weaker ones step aside.
     std::stable_sort(
         markers.begin(), markers.end(), [](const ApexMarker *one, const ApexMarker *other) {
             return one->yValue() > other->yValue();
         });
+    return markers;
+}
+
+/// Networks of one channel are often as strong as each other: their names would hide each other.
+/// Whoever is stronger stands above, so the weaker ones step aside.
+void SignalChannelPlot::spreadNames(const QVector<ApexMarker *> &markers, const QFont &font,
+    const QRectF &canvasRect, const QwtScaleMap maps[axisCnt]) const
+{
     QVector<QRectF> names;
     names.reserve(markers.size());
-    for (const ApexMarker *marker : qAsConst(markers)) {
+    for (const ApexMarker *marker : markers) {
         const QPointF apex(maps[xBottom].transform(marker->xValue()),
             maps[m_band.dBmAxis].transform(marker->yValue()));
         names.append(marker->nameRect(canvasRect, apex, font));
@@ -173,7 +192,7 @@ void SignalChannelPlot::onShowCurve(int, QString strSsid, bool checked)
     // Spelled so on purpose: log readers search for it.
     qDebug() << "on show cureve:" << checked;
     showCurve(entry->curve, checked);
-    // After the replot on purpose: the name may follow with the next one.
+    // After the replot on purpose: the name follows with the next one.
     entry->marker->setVisible(checked);
 }
 

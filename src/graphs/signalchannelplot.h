@@ -35,6 +35,7 @@ public:
     QSize minimumSizeHint() const override;
 
 public slots:
+    void replot() override;
     /// Takes one scan result.
     void onDataReturned(QVector<WifiProperty> networks);
     /// Shows or hides the network `strSsid`; the list's row number is not used.
@@ -66,8 +67,9 @@ private:
     void addNetwork(const WifiProperty &record, const QColor &color);
     void removeNetwork(const QString &ssid);
     void deleteCurves();
-    void spreadNames(
-        const QFont &font, const QRectF &canvasRect, const QwtScaleMap maps[axisCnt]) const;
+    QVector<ApexMarker *> drawnMarkers() const;
+    void spreadNames(const QVector<ApexMarker *> &markers, const QFont &font,
+        const QRectF &canvasRect, const QwtScaleMap maps[axisCnt]) const;
 
     const ChannelBand &m_band;
     QMap<QString, pointData> curveMap;

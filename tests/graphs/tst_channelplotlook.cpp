@@ -42,11 +42,14 @@ private slots:
     void bothGraphsAskForTheSameRoom();
     void clicksNeverZoom_data() { bands(); }
     void clicksNeverZoom();
+    void nameComesAndGoesATickAfterItsTriangle_data() { bands(); }
+    void nameComesAndGoesATickAfterItsTriangle();
     void namesAtOneApexStandApart_data() { bands(); }
     void namesAtOneApexStandApart();
 
 private:
     static void bands();
+    QImage picture();
 
     std::unique_ptr<SignalChannelPlot> m_plot;
     int m_axis = 0;
@@ -143,6 +146,39 @@ void TestChannelPlotLook::clicksNeverZoom()
     QCOMPARE(m_plot->axisInterval(m_axis), QwtInterval(-100., 0.));
 }
 
+/// What is painted, without the corners of the frame.
+QImage TestChannelPlotLook::picture()
+{
+    return m_plot->canvas()->grab(m_plot->canvas()->rect().adjusted(10, 10, -10, -10)).toImage();
+}
+
+void TestChannelPlotLook::nameComesAndGoesATickAfterItsTriangle()
+{
+    QFETCH(bool, is2G);
+    const QString name(3, QChar(0x2588));
+    m_plot->resize(500, 300);
+    m_plot->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_plot.get()));
+    m_plot->onDataReturned({TestAir::network(name, -50, is2G ? 6 : 100)});
+    GraphTest::tick(m_plot.get());
+    const QImage none = picture();
+
+    m_plot->onShowCurve(0, name, true);
+    const QImage triangle = picture();
+    QVERIFY(triangle != none);
+    QCOMPARE(blackPixels(triangle), blackPixels(none));
+    GraphTest::tick(m_plot.get());
+    const QImage both = picture();
+    QVERIFY(blackPixels(both) > blackPixels(none) + 100);
+
+    m_plot->onShowCurve(0, name, false);
+    const QImage nameAlone = picture();
+    QVERIFY(nameAlone != both);
+    QVERIFY(blackPixels(nameAlone) > blackPixels(none) + 100);
+    GraphTest::tick(m_plot.get());
+    QCOMPARE(picture(), none);
+}
+
 void TestChannelPlotLook::namesAtOneApexStandApart()
 {
     QFETCH(bool, is2G);
@@ -155,14 +191,12 @@ void TestChannelPlotLook::namesAtOneApexStandApart()
     const int channel = is2G ? 6 : 100;
     m_plot->onDataReturned(
         {TestAir::network(first, -50, channel), TestAir::network(second, -50, channel)});
-    const QRect withoutCorners = m_plot->canvas()->rect().adjusted(10, 10, -10, -10);
-    // Names are drawn at the tick after.
     const auto drawn = [&](const QString &name, bool shown) {
         m_plot->onShowCurve(0, name, shown);
         GraphTest::tick(m_plot.get());
-        return m_plot->canvas()->grab(withoutCorners).toImage();
+        return picture();
     };
-    const QImage none = m_plot->canvas()->grab(withoutCorners).toImage();
+    const QImage none = picture();
     const QImage one = drawn(first, true);
     const int inOne = blackPixels(one) - blackPixels(none);
     QVERIFY(inOne > 100);
