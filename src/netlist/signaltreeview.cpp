@@ -45,6 +45,7 @@ SignalTreeView::SignalTreeView(QWidget *parent)
         AIRLUME_NULL_POINT();
         return;
     }
+    setUpCheckAll();
     connect(m_pCheckAll, SIGNAL(clicked()), this, SLOT(slotCheckAll()));
 }
 
@@ -59,7 +60,10 @@ void SignalTreeView::setUpHeader()
     header()->setSortIndicatorShown(false);
     header()->setStyleSheet(QStringLiteral("font-size: 12px"));
     header()->setFixedHeight(HeaderHeight);
+}
 
+void SignalTreeView::setUpCheckAll()
+{
     m_pCheckAll->setObjectName(QStringLiteral("SignalTreeView_pCheckAll"));
     m_pCheckAll->setAccessibleName(QStringLiteral("Show all networks"));
     m_pCheckAll->setTristate(false);

@@ -12,7 +12,7 @@ class MySortFilterProxyModel;
 class QCheckBox;
 
 /// The network list: sorted, with a check box in each row and one in the header that ticks all
-/// rows. Empties itself while the computer stays unjoined. GUI thread only.
+/// rows. Empties itself while there is no interface. GUI thread only.
 class SignalTreeView : public QTreeView
 {
     Q_OBJECT
@@ -55,6 +55,7 @@ protected:
 
 private:
     void setUpHeader();
+    void setUpCheckAll();
     void setTicked(int row, bool ticked);
 
     SignalMode m_model;

@@ -22,6 +22,7 @@ private slots:
     void closeButtonEndsWithStatusZero_data();
     void closeButtonEndsWithStatusZero();
     void joinedNetworkIsTickedAndNamed();
+    void logIsUtf8InEveryLocale();
 };
 
 void TestStartUp::firstStartShowsTheNetworksAndMakesTheRooms()
@@ -121,6 +122,18 @@ void TestStartUp::joinedNetworkIsTickedAndNamed()
     QVERIFY(airlume.waitFor([](const QJsonObject &state) {
         return !state[QStringLiteral("rows")].toArray().at(0).toArray().at(0).toBool();
     }));
+}
+
+void TestStartUp::logIsUtf8InEveryLocale()
+{
+    AirlumeProcess airlume(Simulated);
+    airlume.setEnvironment(QStringLiteral("LC_ALL"), QStringLiteral("C"));
+    const QString name = QString::fromUtf8("wlän無");
+    airlume.setScenario("{\"interfaces\": [{\"name\": \"" + name.toUtf8() + "\"}]}");
+    QVERIFY2(airlume.start(), qPrintable(airlume.output()));
+    const QString line = QStringLiteral("nic: \"%1\"").arg(name);
+    QVERIFY2(airlume.waitFor([&](const QJsonObject &) { return airlume.output().contains(line); }),
+        qPrintable(airlume.output()));
 }
 
 QTEST_GUILESS_MAIN(TestStartUp)

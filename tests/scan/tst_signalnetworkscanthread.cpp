@@ -62,6 +62,7 @@ private slots:
     void usesAnInterfaceFromAListThatFailed();
     void writesTheDebugLines();
     void runsOnItsOwnThreadUntilInterrupted();
+    void restsFourSecondsBetweenTwoQueries();
 
 private:
     FakeBackEnd m_backEnd;
@@ -196,6 +197,27 @@ void TestSignalNetworkScanThread::runsOnItsOwnThreadUntilInterrupted()
     QVERIFY(thread.isRunning());
     thread.requestInterruption();
     QVERIFY(thread.wait(20000));
+}
+
+void TestSignalNetworkScanThread::restsFourSecondsBetweenTwoQueries()
+{
+    SignalNetworkScanThread thread(nullptr);
+    QElapsedTimer timer;
+    QVector<qint64> queries;
+    connect(
+        &thread, &SignalNetworkScanThread::visiableNetworkMapListReturned, &thread,
+        [&] { queries.append(timer.elapsed()); }, Qt::DirectConnection);
+    int seen = 0;
+    connect(&thread, &SignalNetworkScanThread::visiableNetworkMapListReturned, this,
+        [&seen] { ++seen; });
+    timer.start();
+    thread.start();
+    QTRY_VERIFY_WITH_TIMEOUT(seen >= 2, 60000);
+    thread.requestInterruption();
+    QVERIFY(thread.wait(20000));
+    // A busy machine makes it longer, never shorter.
+    const qint64 rest = queries.at(1) - queries.at(0);
+    QVERIFY2(rest >= 4000, qPrintable(QString::number(rest)));
 }
 
 QTEST_GUILESS_MAIN(TestSignalNetworkScanThread)
