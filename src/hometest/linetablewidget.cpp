@@ -40,6 +40,10 @@ QLineDelegate::QLineDelegate(QTableView *view)
     : QStyledItemDelegate(view)
     , m_pView(view)
 {
+    if (!m_pView) {
+        AIRLUME_NULL_POINT();
+        return;
+    }
     QStyleOptionViewItem option;
     option.initFrom(m_pView);
     const int hint = m_pView->style()->styleHint(QStyle::SH_Table_GridLineColor, &option, m_pView);
@@ -66,7 +70,7 @@ void QLineDelegate::paint(
 void QLineDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
-    if (option->text.isEmpty())
+    if (option->text.isEmpty() || !m_pView)
         return;
     const int margin = m_pView->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, option, m_pView);
     const int width = option->rect.width() - 2 * (margin + 1);
@@ -107,9 +111,27 @@ void LineTableWidget::keyPressEvent(QKeyEvent *event)
                         event->key() == Qt::Key_Enter;
     const int before = currentRow();
     QTableWidget::keyPressEvent(event);
-    // The highlighted room is always the chosen one: nothing else may be renamed or deleted.
     if (currentRow() < 0 || (!clicks && currentRow() == before))
         return;
     selectRow(currentRow());
     emit cellClicked(currentRow(), currentColumn());
+}
+
+void LineTableWidget::mousePressEvent(QMouseEvent *event)
+{
+    m_rowBeforePress = currentRow();
+    QTableWidget::mousePressEvent(event);
+}
+
+void LineTableWidget::mouseReleaseEvent(QMouseEvent *event)
+{
+    bool clicked = false;
+    const auto connection = connect(
+        this, &QTableWidget::cellClicked, this, [&clicked] { clicked = true; },
+        Qt::DirectConnection);
+    QTableWidget::mouseReleaseEvent(event);
+    disconnect(connection);
+    // Dragged, or by another button.
+    if (!clicked && currentRow() >= 0 && currentRow() != m_rowBeforePress)
+        emit cellClicked(currentRow(), currentColumn());
 }

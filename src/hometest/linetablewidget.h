@@ -13,7 +13,7 @@ class QLineDelegate : public QStyledItemDelegate
     Q_OBJECT
 
 public:
-    /// Serves `view`, which is also its parent.
+    /// Serves `view`, which is also its parent. Null is reported; texts are not made to fit then.
     explicit QLineDelegate(QTableView *view);
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
@@ -28,7 +28,8 @@ private:
 };
 
 /// The table of rooms: no grid, no headers, whole rows selected one at a time, never edited in
-/// place. GUI thread only.
+/// place. The highlighted room is always the chosen one, however it came to be highlighted: nothing
+/// else may be renamed or deleted. GUI thread only.
 class LineTableWidget : public QTableWidget
 {
     Q_OBJECT
@@ -39,6 +40,12 @@ public:
 protected:
     /// As the base; moving to another row, Space and Return click the current cell.
     void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    /// As the base; where the mouse has highlighted another row without a click, clicks it.
+    void mouseReleaseEvent(QMouseEvent *event) override;
+
+private:
+    int m_rowBeforePress = -1;
 };
 
 #endif

@@ -6,6 +6,8 @@
 #include <QTextLayout>
 #include <QtTest>
 
+Q_DECLARE_METATYPE(Qt::MouseButton)
+
 class TestLineTableWidget : public QObject
 {
     Q_OBJECT
@@ -15,16 +17,23 @@ private slots:
     void drawsATwoPixelLineUnderEveryCellOnly();
     void restoresThePen();
     void aMissingPainterIsReported();
+    void aMissingViewIsReported();
     void allLinesOfACellAreShown_data();
     void allLinesOfACellAreShown();
     void aLongLineIsElidedNotWrapped();
     void anEmptyCellIsLeftAlone();
     void keysChooseRooms();
     void keysInAnEmptyTableChooseNothing();
+    void aClickChoosesItsRoomOnce();
+    void whateverTheMouseHighlightsIsChosen_data();
+    void whateverTheMouseHighlightsIsChosen();
     void tabLeavesTheTable();
 
 private:
     static QStyleOptionViewItem prepared(LineTableWidget &table);
+    static void fill(LineTableWidget &table);
+    static void mouse(
+        LineTableWidget &table, QEvent::Type type, const QPoint &point, Qt::MouseButton button);
 };
 
 namespace
@@ -130,6 +139,20 @@ void TestLineTableWidget::aMissingPainterIsReported()
         QStringLiteral("NUll pointfile:linetablewidget function:paint line:")));
 }
 
+void TestLineTableWidget::aMissingViewIsReported()
+{
+    MessageLog log;
+    OpenDelegate delegate(nullptr);
+    QVERIFY(log.criticals().value(0).startsWith(
+        QLatin1String("NUll pointfile:linetablewidget function:QLineDelegate ")));
+    QImage image(20, 20, QImage::Format_RGB32);
+    QPainter painter(&image);
+    QStyleOptionViewItem option;
+    option.rect = image.rect();
+    delegate.initStyleOption(&option, QModelIndex());
+    delegate.paint(&painter, option, QModelIndex());
+}
+
 void TestLineTableWidget::allLinesOfACellAreShown_data()
 {
     QTest::addColumn<QString>("name");
@@ -218,6 +241,74 @@ void TestLineTableWidget::keysInAnEmptyTableChooseNothing()
     for (Qt::Key key : {Qt::Key_Down, Qt::Key_Space, Qt::Key_Return})
         QTest::keyClick(&table, key);
     QCOMPARE(clicked.size(), 0);
+}
+
+void TestLineTableWidget::fill(LineTableWidget &table)
+{
+    table.setColumnCount(2);
+    table.setRowCount(4);
+    table.resize(300, 300);
+    table.show();
+}
+
+void TestLineTableWidget::mouse(
+    LineTableWidget &table, QEvent::Type type, const QPoint &point, Qt::MouseButton button)
+{
+    const bool moves = type == QEvent::MouseMove;
+    QMouseEvent event(type, point, table.viewport()->mapToGlobal(point),
+        moves ? Qt::NoButton : button, type == QEvent::MouseButtonRelease ? Qt::NoButton : button,
+        Qt::NoModifier);
+    QApplication::sendEvent(table.viewport(), &event);
+}
+
+void TestLineTableWidget::aClickChoosesItsRoomOnce()
+{
+    LineTableWidget table;
+    fill(table);
+    QSignalSpy clicked(&table, &QTableWidget::cellClicked);
+    const QPoint inRow1 = table.visualRect(table.model()->index(1, 0)).center();
+    for (int times = 1; times <= 2; ++times) {
+        QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, inRow1);
+        QCOMPARE(clicked.size(), times);
+        QCOMPARE(clicked.last(), QVariantList({1, 0}));
+    }
+    // Below the last row.
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, QPoint(10, 290));
+    QCOMPARE(clicked.size(), 2);
+}
+
+void TestLineTableWidget::whateverTheMouseHighlightsIsChosen_data()
+{
+    QTest::addColumn<Qt::MouseButton>("button");
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("to");
+    QTest::newRow("dragged to another row") << Qt::LeftButton << 1 << 2;
+    QTest::newRow("dragged away from the chosen row") << Qt::LeftButton << 0 << 3;
+    QTest::newRow("let go outside") << Qt::LeftButton << 1 << -1;
+    QTest::newRow("another button") << Qt::RightButton << 2 << 2;
+}
+
+void TestLineTableWidget::whateverTheMouseHighlightsIsChosen()
+{
+    QFETCH(Qt::MouseButton, button);
+    QFETCH(int, from);
+    QFETCH(int, to);
+    LineTableWidget table;
+    fill(table);
+    const auto inRow = [&](int row) {
+        return row < 0 ? QPoint(-40, 10) : table.visualRect(table.model()->index(row, 0)).center();
+    };
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, inRow(0));
+    QSignalSpy clicked(&table, &QTableWidget::cellClicked);
+    mouse(table, QEvent::MouseButtonPress, inRow(from), button);
+    if (to != from)
+        mouse(table, QEvent::MouseMove, inRow(to), button);
+    mouse(table, QEvent::MouseButtonRelease, inRow(to), button);
+    const QModelIndexList rows = table.selectionModel()->selectedRows();
+    QCOMPARE(rows.size(), 1);
+    QVERIFY(rows.first().row() != 0);
+    QCOMPARE(clicked.size(), 1);
+    QCOMPARE(clicked.first().first().toInt(), rows.first().row());
 }
 
 void TestLineTableWidget::tabLeavesTheTable()
