@@ -24,13 +24,6 @@ QFont nameFont(QFont font)
     font.setPointSize(NamePointSize);
     return font;
 }
-
-QRectF rectInside(const QRectF &canvasRect, const QPointF &apex, const QwtText &name)
-{
-    QRectF rect(QPointF(), name.textSize());
-    rect.moveCenter(centerInside(canvasRect, apex, rect.size()));
-    return rect;
-}
 } // namespace
 
 QPointF centerInside(const QRectF &bounds, const QPointF &center, const QSizeF &size)
@@ -53,36 +46,35 @@ ApexMarker::ApexMarker(const QString &ssid)
     setLinePen(QPen(Qt::black, 2., Qt::SolidLine));
 }
 
-QRectF ApexMarker::nameRect(const QRectF &canvasRect, const QPointF &apex, const QFont &font) const
+void ApexMarker::place(const QRectF &canvasRect, const QPointF &apex, const QFont &font)
 {
-    return rectInside(canvasRect, apex, fittingName(canvasRect, nameFont(font)));
+    fit(nameFont(font), canvasRect.width());
+    // Qwt keeps the size of a text until its font changes.
+    m_place.setSize(m_fitting.textSize());
+    m_place.moveCenter(centerInside(canvasRect, apex, m_place.size()));
+}
+
+void ApexMarker::fit(const QFont &font, double width)
+{
+    if (m_widest == width && m_fitting.font() == font)
+        return;
+    m_widest = width;
+    m_fitting = label();
+    m_fitting.setFont(font);
+    if (m_fitting.textSize().width() > width) {
+        // Measured for the canvas, as Qwt measures: the painter's resolution may be another.
+        const QFontMetricsF metrics(font, plot()->canvas());
+        m_fitting.setText(
+            metrics.elidedText(m_fitting.text(), Qt::ElideRight, width), QwtText::PlainText);
+    }
+}
+
+void ApexMarker::drawName(QPainter *painter) const
+{
+    painter->save();
+    painter->setPen(Qt::black);
+    m_fitting.draw(painter, m_place);
+    painter->restore();
 }
 
 void ApexMarker::draw(QPainter *, const QwtScaleMap &, const QwtScaleMap &, const QRectF &) const {}
-
-void ApexMarker::drawName(QPainter *painter, const QwtScaleMap &xMap, const QwtScaleMap &yMap,
-    const QRectF &canvasRect) const
-{
-    QwtPlotMarker::draw(painter, xMap, yMap, canvasRect);
-}
-
-void ApexMarker::drawLabel(QPainter *painter, const QRectF &canvasRect, const QPointF &pos) const
-{
-    painter->setFont(nameFont(painter->font()));
-    painter->setPen(Qt::black);
-    const QwtText name = fittingName(canvasRect, painter->font());
-    name.draw(painter, rectInside(canvasRect, pos, name).translated(0., m_down));
-}
-
-QwtText ApexMarker::fittingName(const QRectF &canvasRect, const QFont &font) const
-{
-    QwtText name = label();
-    name.setFont(font);
-    if (name.textSize().width() > canvasRect.width()) {
-        // Measured for the canvas, as Qwt measures: the painter's resolution may be another.
-        const QFontMetricsF metrics(font, plot()->canvas());
-        name.setText(metrics.elidedText(name.text(), Qt::ElideRight, canvasRect.width()),
-            QwtText::PlainText);
-    }
-    return name;
-}

@@ -19,26 +19,26 @@ public:
     void follow() { m_drawn = isVisible(); }
     bool isDrawn() const { return m_drawn; }
 
-    /// Where the name lies when its apex stands at `apex` of the canvas, unless it is moved; drawn
-    /// in the family of `font`.
-    QRectF nameRect(const QRectF &canvasRect, const QPointF &apex, const QFont &font) const;
-    /// Draws the name so much lower than there, in pixels; negative: higher.
-    void moveName(double down) { m_down = down; }
+    /// Puts the name at `apex` of the canvas, in the family of `font`. Measures only what has
+    /// changed.
+    void place(const QRectF &canvasRect, const QPointF &apex, const QFont &font);
+    /// Moves the name from where it was placed by so many pixels; negative: up.
+    void moveName(double down) { m_place.translate(0., down); }
+    /// Where the name lies.
+    QRectF nameRect() const { return m_place; }
+    void drawName(QPainter *painter) const;
 
     /// Nothing: the graph calls drawName() when all triangles are drawn.
     void draw(QPainter *painter, const QwtScaleMap &xMap, const QwtScaleMap &yMap,
         const QRectF &canvasRect) const override;
-    void drawName(QPainter *painter, const QwtScaleMap &xMap, const QwtScaleMap &yMap,
-        const QRectF &canvasRect) const;
-
-protected:
-    void drawLabel(QPainter *painter, const QRectF &canvasRect, const QPointF &pos) const override;
 
 private:
-    QwtText fittingName(const QRectF &canvasRect, const QFont &font) const;
+    void fit(const QFont &font, double width);
 
     bool m_drawn = false;
-    double m_down = 0.;
+    QwtText m_fitting; ///< The name, elided to m_widest.
+    double m_widest = 0.;
+    QRectF m_place;
 };
 
 #endif

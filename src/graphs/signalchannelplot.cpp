@@ -141,11 +141,9 @@ void SignalChannelPlot::drawItems(
     QwtPlot::drawItems(painter, canvasRect, maps);
     const QVector<ApexMarker *> markers = drawnMarkers();
     spreadNames(markers, painter->font(), canvasRect, maps);
-    for (const ApexMarker *marker : markers) {
-        painter->save();
-        marker->drawName(painter, maps[xBottom], maps[m_band.dBmAxis], canvasRect);
-        painter->restore();
-    }
+    // Where there is no room for all, the strongest stays readable.
+    for (auto marker = markers.crbegin(); marker != markers.crend(); ++marker)
+        (*marker)->drawName(painter);
 }
 
 /// The strongest first.
@@ -170,10 +168,11 @@ void SignalChannelPlot::spreadNames(const QVector<ApexMarker *> &markers, const 
 {
     QVector<QRectF> names;
     names.reserve(markers.size());
-    for (const ApexMarker *marker : markers) {
+    for (ApexMarker *marker : markers) {
         const QPointF apex(maps[xBottom].transform(marker->xValue()),
             maps[m_band.dBmAxis].transform(marker->yValue()));
-        names.append(marker->nameRect(canvasRect, apex, font));
+        marker->place(canvasRect, apex, font);
+        names.append(marker->nameRect());
     }
     const QVector<double> moves = ::spreadNames(names, canvasRect);
     for (int i = 0; i < moves.size(); ++i)
