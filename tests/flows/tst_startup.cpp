@@ -98,7 +98,13 @@ void TestStartUp::closeButtonEndsWithStatusZero()
 {
     QFETCH(QString, backEnd);
     AirlumeProcess airlume(backEnd);
+    // Far longer than the end is waited for.
+    airlume.setEnvironment(QStringLiteral("AIRLUME_TEST_BLOCK_SECONDS"), QStringLiteral("3600"));
     QVERIFY2(airlume.start(), qPrintable(airlume.output()));
+    QVERIFY(airlume.waitFor([&](const QJsonObject &) {
+        return !backEnd.endsWith(QStringLiteral("blocking")) ||
+               airlume.output().contains(QStringLiteral("Blocking now"));
+    }));
     QVERIFY(airlume.command(QStringLiteral("click close1")));
     QVERIFY(airlume.waitForEnd());
     QVERIFY(airlume.endedNormally());
