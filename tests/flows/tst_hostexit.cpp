@@ -181,6 +181,9 @@ void TestHostExit::whileTheBackEndBlocksForAMoment()
     }));
     QVERIFY(host.say("IpcResponseExit"));
     QVERIFY2(endsInOrder(airlume), qPrintable(airlume.output()));
+    // The back end was left in peace until it came back.
+    QVERIFY2(
+        airlume.output().contains(QStringLiteral("Blocking over")), qPrintable(airlume.output()));
     QCOMPARE(roomsOf(airlume).size(), 5);
 }
 
