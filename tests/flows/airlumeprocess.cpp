@@ -1,6 +1,7 @@
 #include "flows/airlumeprocess.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QJsonDocument>
@@ -83,8 +84,16 @@ void AirlumeProcess::setUser(uint userId)
     m_process.setArguments({QStringLiteral("--reuid=") + id, QStringLiteral("--regid=") + id,
         QStringLiteral("--clear-groups"), m_process.program()});
     m_process.setProgram(QStringLiteral("setpriv"));
-    if (chown(QFile::encodeName(m_folder.path()).constData(), userId, userId) != 0)
-        qWarning("Cannot give %s away", qPrintable(m_folder.path()));
+    // Only the folders: the program itself may be a link to the one that was built.
+    QStringList folders(m_folder.path());
+    QDirIterator inside(
+        m_folder.path(), QDir::Dirs | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    while (inside.hasNext())
+        folders.append(inside.next());
+    for (const QString &folder : qAsConst(folders)) {
+        if (chown(QFile::encodeName(folder).constData(), userId, userId) != 0)
+            qWarning("Cannot give %s away", qPrintable(folder));
+    }
 }
 
 void AirlumeProcess::setScenario(const QByteArray &json)

@@ -33,7 +33,8 @@ public:
     /// Gives the program a temporary folder of its own, so that it meets no other copy; before
     /// start().
     void setOwnTemporaryFolder();
-    /// Runs the program as that user, who gets its folder too. Only root may; before start().
+    /// Runs the program as that user, who gets its folder and those in it too. Only root may;
+    /// before start().
     void setUser(uint userId);
     /// Text of a scenario file for the simulated back end, before start().
     void setScenario(const QByteArray &json);

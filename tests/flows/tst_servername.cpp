@@ -22,11 +22,11 @@ QString socketPath()
     return QDir::tempPath() + QStringLiteral("/Airlume_LocalServer");
 }
 
-bool isSocketOf(uint userId)
+bool isSocketOf(uint userId, const QString &path = socketPath())
 {
     struct stat status;
-    return stat(QFile::encodeName(socketPath()).constData(), &status) == 0 &&
-           S_ISSOCK(status.st_mode) && status.st_uid == userId;
+    return stat(QFile::encodeName(path).constData(), &status) == 0 && S_ISSOCK(status.st_mode) &&
+           status.st_uid == userId;
 }
 
 /// Starts a further copy, and tells whether it ended at once with 0.
@@ -181,6 +181,9 @@ void TestServerName::everyUserHasACopyInFoldersOfTheirOwn()
     QVERIFY(first.waitFor(hasRows));
     QVERIFY(second.waitFor(hasRows));
     QVERIFY(!QFile::exists(socketPath()));
+    const QString inFolder = QStringLiteral("/tmp/Airlume_LocalServer");
+    QVERIFY(isSocketOf(FirstUser, first.folder() + inFolder));
+    QVERIFY(isSocketOf(SecondUser, second.folder() + inFolder));
 }
 
 QTEST_GUILESS_MAIN(TestServerName)
