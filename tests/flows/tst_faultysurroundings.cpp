@@ -16,6 +16,12 @@ const uint Stranger = 65534;
 
 using Changes = QMap<QString, QString>;
 
+/// Of a folder, longer than the path of a local socket may be.
+QString longName()
+{
+    return QDir::tempPath() + QLatin1Char('/') + QString(200, QLatin1Char('x'));
+}
+
 /// Runs through the tabs, adds a room and ends by the button.
 void walkThrough(AirlumeProcess &airlume)
 {
@@ -61,17 +67,41 @@ private slots:
     void worksWhere();
     void worksWithNothingToWriteIn();
     void worksWithoutFonts();
+
+private:
+    void runAsAStranger(AirlumeProcess &airlume) const;
+
+    std::unique_ptr<SharedTemporaryFolder> m_shared;
 };
 
 void TestFaultySurroundings::initTestCase()
 {
+    // Root may write in any folder, so another user has to run the programs.
+    if (mayRunAsOthers())
+        m_shared = std::make_unique<SharedTemporaryFolder>();
     QFile file(QDir::tempPath() + QStringLiteral("/file"));
     QVERIFY(file.open(QIODevice::WriteOnly));
     const QByteArray theirs = QFile::encodeName(QDir::tempPath() + QStringLiteral("/theirs"));
-    QCOMPARE(mkdir(theirs.constData(), 0777), 0);
-    QCOMPARE(chmod(theirs.constData(), 0777), 0);
-    if (geteuid() == 0)
+    for (const QByteArray &forAll : {theirs, QFile::encodeName(longName())}) {
+        QCOMPARE(mkdir(forAll.constData(), 0777), 0);
+        QCOMPARE(chmod(forAll.constData(), 0777), 0);
+    }
+    if (geteuid() == 0 && !m_shared)
         QCOMPARE(chown(theirs.constData(), Stranger, Stranger), 0);
+}
+
+/// In folders that are theirs, where we are root and may.
+void TestFaultySurroundings::runAsAStranger(AirlumeProcess &airlume) const
+{
+    if (!m_shared)
+        return;
+    const QDir folder(airlume.folder());
+    QVERIFY(folder.mkdir(QStringLiteral("home")) && folder.mkdir(QStringLiteral("run")));
+    const QString run = folder.filePath(QStringLiteral("run"));
+    QVERIFY(QFile::setPermissions(run, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    airlume.setEnvironment(QStringLiteral("HOME"), folder.filePath(QStringLiteral("home")));
+    airlume.setEnvironment(QStringLiteral("XDG_RUNTIME_DIR"), run);
+    airlume.setUser(Stranger);
 }
 
 void TestFaultySurroundings::worksWhere_data()
@@ -91,8 +121,7 @@ void TestFaultySurroundings::worksWhere_data()
     QTest::newRow("the home is missing") << only("HOME", missing);
     QTest::newRow("the temporary folder cannot be written") << only("TMPDIR", unwritable);
     QTest::newRow("the temporary folder is missing") << only("TMPDIR", missing);
-    QTest::newRow("the temporary folder has a very long name")
-        << only("TMPDIR", QLatin1Char('/') + QString(200, QLatin1Char('x')));
+    QTest::newRow("the temporary folder has a very long name") << only("TMPDIR", longName());
     QTest::newRow("the runtime folder is not set") << only("XDG_RUNTIME_DIR", QString());
     QTest::newRow("the runtime folder is missing") << only("XDG_RUNTIME_DIR", missing);
     QTest::newRow("the runtime folder is a file") << only("XDG_RUNTIME_DIR", file);
@@ -109,6 +138,7 @@ void TestFaultySurroundings::worksWhere()
 {
     QFETCH(Changes, changes);
     AirlumeProcess airlume(Simulated);
+    runAsAStranger(airlume);
     for (auto change = changes.cbegin(); change != changes.cend(); ++change) {
         if (change->isEmpty())
             airlume.unsetEnvironment(change.key());
@@ -121,16 +151,10 @@ void TestFaultySurroundings::worksWhere()
 
 void TestFaultySurroundings::worksWithNothingToWriteIn()
 {
-    std::unique_ptr<SharedTemporaryFolder> shared;
-    if (geteuid() == 0) {
-        // Root may write in any folder, so another user has to run it.
-        if (!mayRunAsOthers())
-            QSKIP("Needs a build tree that others may read");
-        shared = std::make_unique<SharedTemporaryFolder>();
-    }
+    if (geteuid() == 0 && !m_shared)
+        QSKIP("Needs a build tree that others may read");
     AirlumeProcess airlume(Simulated);
-    if (shared)
-        airlume.setUser(Stranger);
+    runAsAStranger(airlume);
     for (const char *name : {"HOME", "XDG_RUNTIME_DIR", "XDG_DATA_HOME"})
         airlume.setEnvironment(QLatin1String(name), QStringLiteral("/proc"));
     const QFile::Permissions all = QFile::permissions(airlume.folder());
