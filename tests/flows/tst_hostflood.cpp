@@ -7,7 +7,13 @@ namespace
 {
 const QString Simulated = QStringLiteral("plugins/simulated");
 const int Megabyte = 1024 * 1024;
-
+#ifdef __SANITIZE_ADDRESS__
+// They keep what was freed, up to 256 MB.
+const double MostGrownMb = 600.0;
+#else
+// Less than the longest flood, which has 60 MB.
+const double MostGrownMb = 40.0;
+#endif
 } // namespace
 
 /// A host suite that says too much, or in an odd way.
@@ -67,10 +73,10 @@ void TestHostFlood::thousandsOfMessages()
         return speaks(state, QStringLiteral("fin")) || (host.sayLanguage("fin") && false);
     }));
     QVERIFY(airlume.waitFor(hasRows));
-    // The sanitizers keep what was freed, up to 256 MB.
+    // What was said is not kept.
     const double grown = airlume.held().peakMb - before;
     qInfo("memory grew by %.0f MB", grown);
-    QVERIFY2(grown < 600.0, qPrintable(QString::number(grown)));
+    QVERIFY2(grown < MostGrownMb, qPrintable(QString::number(grown)));
 }
 
 void TestHostFlood::byteByByte()
@@ -120,6 +126,7 @@ void TestHostFlood::halfClosedByTheHostItGoesOn()
     const double used = airlume.held().cpuMs - before;
     const double calmUsed = calm.held().cpuMs - calmBefore;
     qInfo("processor time: %.0f ms, without a host %.0f ms", used, calmUsed);
+    QVERIFY(speaks(airlume.state(), QStringLiteral("nor")));
     QVERIFY(airlume.command(QStringLiteral("click close1")));
     QVERIFY(airlume.waitForEnd());
     QCOMPARE(airlume.exitCode(), 0);
