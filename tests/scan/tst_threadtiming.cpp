@@ -4,11 +4,13 @@
 #include "support/testair.h"
 
 #include <QRandomGenerator>
+#include <QSemaphore>
 #include <QtTest>
 
 #include <algorithm>
 #include <atomic>
 #include <memory>
+#include <thread>
 #include <vector>
 
 namespace
@@ -93,6 +95,17 @@ struct Pair {
         scan.reset();
     }
 };
+
+/// The scan thread, one pass at a time.
+class SteppedThread : public SignalScanThread
+{
+public:
+    SteppedThread()
+        : SignalScanThread(nullptr)
+    {
+    }
+    using SignalScanThread::pass;
+};
 } // namespace
 
 /// The two threads and a back end whose answers come at any time, also after the end has begun.
@@ -102,6 +115,7 @@ class TestThreadTiming : public QObject
 
 private slots:
     void twoHundredStartsAndEndsWithLateAnswers();
+    void anAnswerWaitsWhileTheLastOneIsRead();
 };
 
 void TestThreadTiming::twoHundredStartsAndEndsWithLateAnswers()
@@ -141,6 +155,38 @@ void TestThreadTiming::twoHundredStartsAndEndsWithLateAnswers()
     _wifiApi_inf = nullptr;
     QVERIFY(records > 0);
     QVERIFY2(endedDuringACall > 0, qPrintable(QString::number(endedDuringACall)));
+}
+
+void TestThreadTiming::anAnswerWaitsWhileTheLastOneIsRead()
+{
+    const ScanMap joined = TestAir::scanMap(QStringLiteral("A"), QStringLiteral("1"), -50, 6, true);
+    SteppedThread scan;
+    scan.onNicChanged(QStringLiteral("wlan0"));
+    scan.onVisiableMapListReturned(
+        {joined, TestAir::scanMap(QStringLiteral("B"), QStringLiteral("2"))});
+    QStringList names;
+    connect(&scan, &SignalScanThread::dataReturned, &scan, [&](const QVector<WifiProperty> &data) {
+        for (const WifiProperty &network : data)
+            names.append(network.ssid);
+    });
+
+    QSemaphore taken;
+    bool takenAtOnce = false;
+    std::thread answer;
+    // The joined network is reported from the middle of the list.
+    connect(&scan, &SignalScanThread::networkReturned, &scan, [&] {
+        answer = std::thread([&] {
+            scan.onVisiableMapListReturned({});
+            taken.release();
+        });
+        takenAtOnce = taken.tryAcquire(1, 200);
+    });
+    scan.pass();
+    QVERIFY(answer.joinable());
+    answer.join();
+    QVERIFY(!takenAtOnce);
+    QVERIFY(taken.tryAcquire());
+    QCOMPARE(names, QStringList({QStringLiteral("A"), QStringLiteral("B")}));
 }
 
 QTEST_GUILESS_MAIN(TestThreadTiming)
