@@ -44,9 +44,14 @@ bool HostSuite::say(const QByteArray &message)
     return true;
 }
 
+int HostSuite::handle() const
+{
+    return static_cast<int>(m_connection->socketDescriptor());
+}
+
 bool HostSuite::closeHalf()
 {
-    return ::shutdown(static_cast<int>(m_connection->socketDescriptor()), SHUT_WR) == 0;
+    return ::shutdown(handle(), SHUT_WR) == 0;
 }
 
 void HostSuite::die()

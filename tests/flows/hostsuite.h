@@ -25,6 +25,8 @@ public:
     /// Sends a message, whole.
     bool say(const QByteArray &message);
     bool sayLanguage(const QByteArray &code) { return say("IpcResponseLanguage:" + code); }
+    /// What is said can also be written here; nothing is waited for.
+    int handle() const;
     /// Says no more, and goes on reading.
     bool closeHalf();
     /// Dies: the connection and the server are gone.

@@ -3,6 +3,11 @@
 
 #include <QtTest>
 
+#include <atomic>
+#include <poll.h>
+#include <sys/socket.h>
+#include <thread>
+
 namespace
 {
 const QString Simulated = QStringLiteral("plugins/simulated");
@@ -14,6 +19,38 @@ const double MostGrownMb = 600.0;
 // Less than the longest flood, which has 60 MB.
 const double MostGrownMb = 40.0;
 #endif
+
+/// Says a message again and again without ever waiting for the program, as long as it lives.
+class Flood
+{
+public:
+    Flood(int handle, const QByteArray &message)
+        : m_thread([this, handle, message] {
+            pollfd room{handle, POLLOUT, 0};
+            while (!m_over) {
+                poll(&room, 1, 100);
+                const ssize_t size = send(handle, message.constData(),
+                    static_cast<size_t>(message.size()), MSG_DONTWAIT | MSG_NOSIGNAL);
+                m_said += size > 0 ? size : 0;
+            }
+        })
+    {
+    }
+    ~Flood()
+    {
+        m_over = true;
+        m_thread.join();
+    }
+    Flood(const Flood &) = delete;
+    Flood &operator=(const Flood &) = delete;
+
+    qint64 said() const { return m_said; }
+
+private:
+    std::atomic<bool> m_over{false};
+    std::atomic<qint64> m_said{0};
+    std::thread m_thread;
+};
 } // namespace
 
 /// A host suite that says too much, or in an odd way.
@@ -24,6 +61,7 @@ class TestHostFlood : public QObject
 private slots:
     void thousandsOfMessages_data();
     void thousandsOfMessages();
+    void windowLivesWhileItGoesOn();
     void byteByByte();
     void halfClosedByTheHostItGoesOn();
 };
@@ -77,6 +115,29 @@ void TestHostFlood::thousandsOfMessages()
     const double grown = airlume.held().peakMb - before;
     qInfo("memory grew by %.0f MB", grown);
     QVERIFY2(grown < MostGrownMb, qPrintable(QString::number(grown)));
+}
+
+void TestHostFlood::windowLivesWhileItGoesOn()
+{
+    HostSuite host;
+    AirlumeProcess airlume(Simulated);
+    QVERIFY2(airlume.start(), qPrintable(airlume.output()));
+    QVERIFY(host.isAsked());
+    {
+        const Flood flood(host.handle(), "IpcResponseLanguage:deu");
+        for (int tab : {1, 2, 3, 0, 1, 2, 3, 0}) {
+            const qint64 said = flood.said();
+            const int paints = airlume.state()[QStringLiteral("paints")].toInt();
+            QVERIFY(airlume.command(QStringLiteral("tab %1").arg(tab)));
+            QVERIFY(airlume.waitFor([&](const QJsonObject &state) {
+                return state[QStringLiteral("paints")].toInt() > paints && flood.said() > said;
+            }));
+        }
+        QVERIFY(airlume.waitFor(hasRows));
+    }
+    QVERIFY(airlume.waitFor([&](const QJsonObject &state) {
+        return speaks(state, QStringLiteral("fin")) || (host.sayLanguage("fin") && false);
+    }));
 }
 
 void TestHostFlood::byteByByte()
