@@ -8,6 +8,22 @@
 
 namespace GraphTest
 {
+namespace
+{
+/// Counts how often a widget paints itself.
+class PaintCount : public QObject
+{
+public:
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
+} // namespace
 
 void tick(QObject *graph)
 {
@@ -84,6 +100,18 @@ void handleLikeAZoomingUser(QWidget *widget)
     for (int key : {Qt::Key_Enter, Qt::Key_Return, Qt::Key_Plus, Qt::Key_Minus, Qt::Key_Home,
              Qt::Key_Escape, Qt::Key_Left, Qt::Key_Up})
         QTest::keyClick(widget, static_cast<Qt::Key>(key));
+}
+
+bool repaints(QWidget &widget, const std::function<void()> &change)
+{
+    widget.show();
+    if (!QTest::qWaitForWindowExposed(&widget))
+        return false;
+    QCoreApplication::processEvents();
+    PaintCount paints;
+    widget.installEventFilter(&paints);
+    change();
+    return QTest::qWaitFor([&paints] { return paints.count > 0; });
 }
 
 } // namespace GraphTest

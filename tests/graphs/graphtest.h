@@ -4,6 +4,7 @@
 #include "scan/wifiproperty.h"
 
 #include <QVector>
+#include <functional>
 #include <qwt_plot.h>
 #include <qwt_text.h>
 
@@ -33,6 +34,9 @@ bool isPlain(const QwtText &text);
 
 /// Presses, drags, turns the wheel and types on `widget`: all that could zoom a plot.
 void handleLikeAZoomingUser(QWidget *widget);
+
+/// Shows `widget` and says whether it paints itself anew after `change`.
+bool repaints(QWidget &widget, const std::function<void()> &change);
 
 } // namespace GraphTest
 

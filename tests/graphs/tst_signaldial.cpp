@@ -37,6 +37,7 @@ private slots:
     void unitStandsAtOnePlaceInEverySize();
     void labelCanBeReplaced();
     void widgetKeepsTheSignal();
+    void widgetPaintsEveryNewSignal();
     void widgetRendersNothing();
 };
 
@@ -159,6 +160,13 @@ void TestSignalDial::widgetKeepsTheSignal()
     widget.onSignalReturned(-60);
     QCOMPARE(widget.SignalValue(), -60);
     QCOMPARE(log.debugs(), QStringList{QStringLiteral("rssi update")});
+}
+
+void TestSignalDial::widgetPaintsEveryNewSignal()
+{
+    SignalDialWidget widget;
+    const MessageLog quiet;
+    QVERIFY(GraphTest::repaints(widget, [&widget] { widget.onSignalReturned(-60); }));
 }
 
 void TestSignalDial::widgetRendersNothing()

@@ -1,5 +1,6 @@
 #include "common/QtCommonTools.h"
 #include "graphs/gaugepicture.h"
+#include "graphs/graphtest.h"
 #include "i18n/ipclocalsocket.h"
 #include "i18n/languagefileoperate.h"
 #include "support/messagelog.h"
@@ -60,6 +61,7 @@ private slots:
     void initResetsRadiusAndSignal();
     void signalNeedsANetwork();
     void nameResetsTheSignal();
+    void everyNewSignalOrNameIsPainted();
     void handPointsAtTheSignal_data();
     void handPointsAtTheSignal();
     void sectorIsFilledUpToTheHand();
@@ -161,6 +163,15 @@ void TestSignalStrengthDashboard::nameResetsTheSignal()
     gauge.SetSignalValue(-60);
     gauge.onNetworkReturned(Home);
     QCOMPARE(gauge.SignalValue(), 0);
+}
+
+void TestSignalStrengthDashboard::everyNewSignalOrNameIsPainted()
+{
+    Gauge gauge;
+    QVERIFY(GraphTest::repaints(gauge, [&gauge] { gauge.onNetworkReturned(Home); }));
+    QVERIFY(GraphTest::repaints(gauge, [&gauge] { gauge.SetSignalValue(-60); }));
+    QVERIFY(GraphTest::repaints(gauge, [&gauge] { gauge.SetSignalValue(-61); }));
+    QVERIFY(GraphTest::repaints(gauge, [&gauge] { gauge.onNetworkReturned(QString()); }));
 }
 
 void TestSignalStrengthDashboard::handPointsAtTheSignal_data()
