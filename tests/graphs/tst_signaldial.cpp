@@ -2,6 +2,7 @@
 #include "graphs/signaldial.h"
 #include "graphs/signaldialwidget.h"
 #include "support/messagelog.h"
+#include "support/paintrecord.h"
 
 #include <QPainter>
 #include <QTest>
@@ -20,6 +21,33 @@ bool shows(const QImage &image, const QRect &area, const QColor &color)
     }
     return false;
 }
+
+/// Opens what is painted inside the scale.
+class OpenDial : public SignalDial
+{
+public:
+    using SignalDial::drawScaleContents;
+};
+
+/// What is written inside a scale of 100 pixels around (150, 150).
+QVector<PaintStep> writing()
+{
+    const MessageLog quiet;
+    PaintRecord record({300, 300});
+    QPainter painter(&record);
+    OpenDial().drawScaleContents(&painter, {150, 150}, 100);
+    painter.end();
+    return record.texts();
+}
+
+QImage needlePicture(const QwtDialNeedle &needle)
+{
+    QImage image(120, 120, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    needle.draw(&painter, {60, 60}, 50, 0);
+    return image;
+}
 } // namespace
 
 class TestSignalDial : public QObject
@@ -31,9 +59,12 @@ private slots:
     void showsTheSignal();
     void stopPutsTheNeedleOnZero();
     void isADialFromMinus100To0();
+    void needleIsAnArrowWithAKnob();
     void isReadOnly();
     void wearsDarkGrey();
     void paintsItsWords();
+    void wordsStandAroundTheMiddle();
+    void unitIsWrittenWithABroadWhitePen();
     void unitStandsAtOnePlaceInEverySize();
     void labelCanBeReplaced();
     void widgetKeepsTheSignal();
@@ -88,6 +119,15 @@ void TestSignalDial::isADialFromMinus100To0()
     QCOMPARE(needle->palette().color(QPalette::Base), QColor(Qt::gray).lighter(130));
 }
 
+void TestSignalDial::needleIsAnArrowWithAKnob()
+{
+    const SignalDial dial;
+    const QColor golden(QStringLiteral("Goldenrod"));
+    const QwtDialSimpleNeedle expected(
+        QwtDialSimpleNeedle::Arrow, true, golden, QColor(Qt::gray).lighter(130));
+    QCOMPARE(needlePicture(*dial.needle()), needlePicture(expected));
+}
+
 void TestSignalDial::isReadOnly()
 {
     SignalDial dial;
@@ -126,6 +166,35 @@ void TestSignalDial::paintsItsWords()
     QVERIFY(shows(image, {180, 130, 80, 40}, QColor(QStringLiteral("PaleGreen"))));
     QVERIFY(shows(image, {50, 130, 80, 40}, QColor(QStringLiteral("OrangeRed"))));
     QVERIFY(shows(image, {90, 170, 120, 40}, Qt::white));
+}
+
+void TestSignalDial::wordsStandAroundTheMiddle()
+{
+    const QVector<PaintStep> words = writing();
+    QCOMPARE(words.size(), 4);
+    const QColor green(QStringLiteral("PaleGreen"));
+    const QColor red(QStringLiteral("OrangeRed"));
+    // The words' room is 180 wide and 190 high. Fonts may round by a pixel.
+    const auto near = [](qreal found, qreal expected) { return qAbs(found - expected) <= 1.; };
+    const PaintStep &good = words[0];
+    QCOMPARE(good.text, QStringLiteral("Good"));
+    QCOMPARE(good.pen, QPen(green));
+    QVERIFY(near(good.textBounds.center().x(), 150) && near(good.textBounds.top(), 55));
+    const PaintStep &best = words[1];
+    QCOMPARE(best.text, QStringLiteral("Best"));
+    QCOMPARE(best.pen, QPen(green));
+    QVERIFY(near(best.textBounds.right(), 240) && near(best.textBounds.center().y(), 150));
+    const PaintStep &poor = words[2];
+    QCOMPARE(poor.text, QStringLiteral("Poor"));
+    QCOMPARE(poor.pen, QPen(red));
+    QVERIFY(near(poor.textBounds.left(), 60) && near(poor.textBounds.center().y(), 150));
+}
+
+void TestSignalDial::unitIsWrittenWithABroadWhitePen()
+{
+    const PaintStep unit = writing().last();
+    QCOMPARE(unit.text, QStringLiteral("[dBm]"));
+    QCOMPARE(unit.pen, QPen(QBrush(Qt::white), 10));
 }
 
 void TestSignalDial::unitStandsAtOnePlaceInEverySize()
