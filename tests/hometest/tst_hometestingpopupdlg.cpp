@@ -3,6 +3,7 @@
 #include "hometest/roomhouse.h"
 #include "i18n/languagelabels.h"
 #include "support/messagelog.h"
+#include "support/paintrecord.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -34,6 +35,7 @@ private slots:
     void asksForAName_data();
     void asksForAName();
     void asksWhetherToDelete();
+    void titleAndErrorStandInTheMiddle();
     void isFramelessAndGreyWithARoundedFrame();
     void refusesNamesOfBlanks_data();
     void refusesNamesOfBlanks();
@@ -51,6 +53,7 @@ private slots:
     void theNameFieldHasTheKeyboard();
     void returnOnTheQuestionCancels();
     void aNewLanguageTranslatesEverything();
+    void aNewLanguageTranslatesTheErrorShown();
     void aNewLanguageWithoutAnErrorShowsNone();
     void missingWidgetsAreReported();
 
@@ -148,6 +151,27 @@ void TestHomeTestingPopupDlg::asksWhetherToDelete()
     QVERIFY(message()->isHidden());
     QVERIFY(!edit());
     QCOMPARE(m_dialog->findChildren<QLabel *>().size(), 2);
+}
+
+void TestHomeTestingPopupDlg::titleAndErrorStandInTheMiddle()
+{
+    ok()->click();
+    m_dialog->resize(700, 200);
+    PaintRecord record(m_dialog->size());
+    m_dialog->render(&record);
+    // Rich text is painted word by word.
+    QRectF title;
+    QRectF error;
+    for (const PaintStep &step : record.texts()) {
+        if (step.pen.color() == QColor(Qt::red))
+            error |= step.textBounds;
+        else if (step.font.pointSize() == 14)
+            title |= step.textBounds;
+    }
+    QVERIFY(title.isValid() && title.width() < 600);
+    QVERIFY(error.isValid() && error.width() < 600);
+    QVERIFY2(qAbs(title.center().x() - 350) <= 3, qPrintable(QString::number(title.center().x())));
+    QVERIFY2(qAbs(error.center().x() - 350) <= 3, qPrintable(QString::number(error.center().x())));
 }
 
 void TestHomeTestingPopupDlg::isFramelessAndGreyWithARoundedFrame()
@@ -348,6 +372,19 @@ void TestHomeTestingPopupDlg::aNewLanguageTranslatesEverything()
     QCOMPARE(ok()->text(), QtCommonTools::tr(LanguageLabels::m_strHomeDlgOk));
     QCOMPARE(cancel()->text(), QtCommonTools::tr(LanguageLabels::m_strHomeDlgCancel));
     QVERIFY(cancel()->text() != QStringLiteral("Cancel"));
+}
+
+void TestHomeTestingPopupDlg::aNewLanguageTranslatesTheErrorShown()
+{
+    QString name = QStringLiteral("Kitchen");
+    m_dialog->SetText(name);
+    ok()->click();
+    const QString english = message()->text();
+    QtCommonTools::GetLangNm() = QStringLiteral("deu");
+    m_dialog->ChangeLanguage();
+    QCOMPARE(
+        message()->text(), red(QtCommonTools::tr(LanguageLabels::m_strHomeDlgRoomNameIsRepeat)));
+    QVERIFY(message()->text() != english);
 }
 
 void TestHomeTestingPopupDlg::aNewLanguageWithoutAnErrorShowsNone()
