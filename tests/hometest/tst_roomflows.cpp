@@ -3,6 +3,7 @@
 #include "hometest/roomhand.h"
 #include "hometest/signalhometestingwgt.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QtTest>
@@ -24,6 +25,9 @@ private slots:
     void refusesADuplicateAndCancels();
     void trimsTheName();
     void theAddDialogStartsEmptyEveryTime();
+    void eachDialogSaysWhatItIsFor();
+    void theNameFieldHasTheKeyboardEveryTime_data();
+    void theNameFieldHasTheKeyboardEveryTime();
     void renamingKeepsTheResults();
     void renamingToTheSameNameIsRefused();
     void deletingAsksAndReturnCancels();
@@ -123,6 +127,49 @@ void TestRoomFlows::theAddDialogStartsEmptyEveryTime()
     m_hand.click(m_hand.button("HomeTesting_btn_Add"));
     QCOMPARE(hand.left() + hand.leftOpen(), 0);
     QCOMPARE(m_hand.table()->rowCount(), 5);
+}
+
+void TestRoomFlows::eachDialogSaysWhatItIsFor()
+{
+    m_hand.clickRow(3);
+    QStringList titles;
+    ModalHand hand;
+    for (const char *name :
+        {"HomeTesting_btn_Add", "HomeTesting_btn_Edit", "HomeTesting_btn_Del"}) {
+        hand.then([&titles](QWidget *dialog) {
+            titles.append(dialog->findChild<QLabel *>()->text());
+            ModalHand::press(dialog, Qt::Key_Escape);
+        });
+        m_hand.click(m_hand.button(name));
+    }
+    QCOMPARE(hand.left() + hand.leftOpen(), 0);
+    QCOMPARE(titles, (QStringList{QStringLiteral("Add Room"), QStringLiteral("Edit Room"),
+                         QStringLiteral("Delete Room")}));
+}
+
+void TestRoomFlows::theNameFieldHasTheKeyboardEveryTime_data()
+{
+    QTest::addColumn<QByteArray>("button");
+    QTest::newRow("add") << QByteArray("HomeTesting_btn_Add");
+    QTest::newRow("edit") << QByteArray("HomeTesting_btn_Edit");
+}
+
+void TestRoomFlows::theNameFieldHasTheKeyboardEveryTime()
+{
+    QFETCH(QByteArray, button);
+    m_hand.clickRow(3);
+    ModalHand hand;
+    hand.then([](QWidget *dialog) {
+        RoomHand::cancel(dialog)->setFocus();
+        RoomHand::cancel(dialog)->click();
+    });
+    m_hand.click(m_hand.button(button.constData()));
+    hand.then([](QWidget *dialog) {
+        QVERIFY(RoomHand::edit(dialog)->hasFocus());
+        ModalHand::press(dialog, Qt::Key_Escape);
+    });
+    m_hand.click(m_hand.button(button.constData()));
+    QCOMPARE(hand.left() + hand.leftOpen(), 0);
 }
 
 void TestRoomFlows::renamingKeepsTheResults()

@@ -182,6 +182,8 @@ void TestSignalHomeTestingWgt::setsThePictureUp()
     const QBrush brush = picture()->palette().brush(picture()->backgroundRole());
     QCOMPARE(brush.style(), Qt::TexturePattern);
     QCOMPARE(brush.texture().size(), QSize(250, 250));
+    const QPixmap rooms(QStringLiteral(":/images/HomeTesting.png"));
+    QCOMPARE(brush.texture().toImage(), rooms.scaled(250, 250).toImage());
 }
 
 void TestSignalHomeTestingWgt::laysItselfOut()
