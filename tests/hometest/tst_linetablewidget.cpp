@@ -1,5 +1,6 @@
 #include "hometest/linetablewidget.h"
 #include "support/messagelog.h"
+#include "support/paintrecord.h"
 
 #include <QHeaderView>
 #include <QPainter>
@@ -15,6 +16,7 @@ class TestLineTableWidget : public QObject
 private slots:
     void isSetUpAsAListOfRooms();
     void drawsATwoPixelLineUnderEveryCellOnly();
+    void drawsTheLineOverTheTextInTheGridsStyle();
     void restoresThePen();
     void aMissingPainterIsReported();
     void aMissingViewIsReported();
@@ -110,6 +112,30 @@ void TestLineTableWidget::drawsATwoPixelLineUnderEveryCellOnly()
         QVERIFY(image.pixelColor(109, y) != line);
         QVERIFY(image.pixelColor(110, y) != line);
     }
+}
+
+void TestLineTableWidget::drawsTheLineOverTheTextInTheGridsStyle()
+{
+    LineTableWidget table;
+    table.setColumnCount(1);
+    table.setRowCount(1);
+    table.setItem(0, 0, new QTableWidgetItem(QStringLiteral("Kitchen")));
+    table.setGridStyle(Qt::DotLine);
+    const QLineDelegate delegate(&table);
+    PaintRecord record({120, 60});
+    QPainter painter(&record);
+    QStyleOptionViewItem option;
+    option.initFrom(&table);
+    option.rect = QRect(10, 10, 100, 40);
+    delegate.paint(&painter, option, table.model()->index(0, 0));
+    painter.end();
+    QCOMPARE(record.texts().size(), 1);
+    const PaintStep line = record.steps().last();
+    QPainterPath bottom(QPointF(10, 49));
+    bottom.lineTo(109, 49);
+    QCOMPARE(line.shape, bottom);
+    QCOMPARE(line.pen,
+        QPen(QBrush(QColor(229, 229, 251)), 2, Qt::DotLine, Qt::SquareCap, Qt::BevelJoin));
 }
 
 void TestLineTableWidget::restoresThePen()
