@@ -113,3 +113,4 @@ rooms("changed", room + b"[Attic]\nNowPercent=abc\n", range(16), range(1, 17), r
 rooms("empty", b"", range(8), range(24, 40))
 rooms("broken", b"[\n]\n=\n[a/b]\nNowPercent=1, 2\n[]\nNowPercent=\"3\n", range(3, 19))
 rooms("general", b"NowPercent=1\n[%General]\nNowSpeed=7\n[K%FCche]\nNowSpeed=-2147483649\n", range(5))
+rooms("hidden", b"[ab]\nNowPercent=1\n[/ab]\nLastSpeed=7\n", range(16), range(16))
