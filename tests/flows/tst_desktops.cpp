@@ -36,6 +36,17 @@ struct OnDesktop {
 
     QString output() { return desktop.output() + airlume.output(); }
 
+    /// Whether anybody reports one. Not counted is what X says of Qt's asking for the focus of a
+    /// dialog that is not shown yet, where no window manager tells when it is.
+    bool hasError()
+    {
+        const QStringList lines = output().split(QLatin1Char('\n'));
+        return std::any_of(lines.cbegin(), lines.cend(), [](const QString &line) {
+            return line.contains(QLatin1String("error")) &&
+                   !line.contains(QLatin1String("(SetInputFocus)"));
+        });
+    }
+
     bool waitForSize(const QSize &size)
     {
         return airlume.waitFor(
@@ -81,6 +92,19 @@ struct OnDesktop {
         return desktop.pointAt(from) && press() && desktop.pointAt((3 * from + to) / 4) &&
                waitUntilTakenOver() && desktop.pointAt((from + to) / 2) && desktop.pointAt(to) &&
                desktop.hand({QStringLiteral("mouseup"), QStringLiteral("1")});
+    }
+
+    /// Presses a key of the desktop's own, on Wayland, when the window is the one it works on.
+    bool pressKey(const QString &key)
+    {
+        const bool isActive = airlume.waitFor([this](const QJsonObject &) {
+            const QString said = airlume.output();
+            return said.lastIndexOf(
+                       QRegularExpression(QStringLiteral(R"(wl_keyboard@\d+\.enter)"))) >
+                   said.lastIndexOf(
+                       QRegularExpression(QStringLiteral(R"(wl_keyboard@\d+\.leave)")));
+        });
+        return isActive && desktop.hand({QStringLiteral("key"), key});
     }
 
     bool doubleClick()
@@ -166,7 +190,7 @@ void TestDesktops::opensOneWindow()
     QVERIFY(room.waitForOutput(QStringLiteral(R"(xdg_surface@\d+\.ack_configure)")));
     // No button was a window for a moment before it found its place.
     QCOMPARE(room.count(QStringLiteral(R"(\.get_toplevel\()")), 1);
-    QVERIFY2(!room.output().contains(QLatin1String("error")), qPrintable(room.output()));
+    QVERIFY2(!room.hasError(), qPrintable(room.output()));
 }
 
 void TestDesktops::maximisesAndRestoresTheExactSize()
@@ -196,7 +220,7 @@ void TestDesktops::maximisesAndRestoresTheExactSize()
         QVERIFY(room.waitForOutput(QStringLiteral(R"(xdg_toplevel@\d+\.unset_maximized\()"), 3));
         QCOMPARE(room.count(QStringLiteral(R"(xdg_toplevel@\d+\.set_maximized\()")), 3);
     }
-    QVERIFY2(!room.output().contains(QLatin1String("error")), qPrintable(room.output()));
+    QVERIFY2(!room.hasError(), qPrintable(room.output()));
 }
 
 void TestDesktops::doubleClickInTheTitleMaximisesAndRestores()
@@ -215,7 +239,7 @@ void TestDesktops::doubleClickInTheTitleMaximisesAndRestores()
     QVERIFY(room.doubleClick());
     QVERIFY2(room.waitForSize(NormalSize), qPrintable(room.output()));
     QVERIFY(room.airlume.command(QStringLiteral("click maximize")));
-    QVERIFY2(!room.output().contains(QLatin1String("error")), qPrintable(room.output()));
+    QVERIFY2(!room.hasError(), qPrintable(room.output()));
 }
 
 void TestDesktops::titleDragsTheWindow()
@@ -233,7 +257,7 @@ void TestDesktops::titleDragsTheWindow()
         QTRY_COMPARE_WITH_TIMEOUT(room.corner(), before + way, 60000);
     }
     QCOMPARE(geometryIn(room.airlume.state()).size(), NormalSize);
-    QVERIFY2(!room.output().contains(QLatin1String("error")), qPrintable(room.output()));
+    QVERIFY2(!room.hasError(), qPrintable(room.output()));
 }
 
 void TestDesktops::showsTabsAndDialogs()
@@ -255,7 +279,7 @@ void TestDesktops::showsTabsAndDialogs()
                state[QStringLiteral("modal")].toString().isEmpty();
     }),
         qPrintable(room.output()));
-    QVERIFY2(!room.output().contains(QLatin1String("error")), qPrintable(room.output()));
+    QVERIFY2(!room.hasError(), qPrintable(room.output()));
 }
 
 void TestDesktops::secondCopyAndCloseButtonEndAtOnce()
@@ -284,11 +308,11 @@ void TestDesktops::followsWhatTheDesktopDoesToTheWindow()
     QVERIFY(room.airlume.command(QStringLiteral("click maximize")));
     QVERIFY(room.waitForOutput(QStringLiteral("set_window_geometry\\(0, 0, 1400")));
     // The compositor's own key for it: the button that is shown follows.
-    QVERIFY(room.desktop.hand({QStringLiteral("key"), QStringLiteral("super+shift+m")}));
+    QVERIFY(room.pressKey(QStringLiteral("super+shift+m")));
     QVERIFY2(room.waitForSize(NormalSize), qPrintable(room.output()));
     QVERIFY(room.airlume.command(QStringLiteral("click maximize")));
     QVERIFY(room.waitForOutput(QStringLiteral("set_window_geometry\\(0, 0, 1400"), 2));
-    QVERIFY2(!room.output().contains(QLatin1String("error")), qPrintable(room.output()));
+    QVERIFY2(!room.hasError(), qPrintable(room.output()));
 }
 
 void TestDesktops::growsWhenTheDesktopMaximisesIt()
@@ -297,12 +321,12 @@ void TestDesktops::growsWhenTheDesktopMaximisesIt()
     QVERIFY2(room.start(), qPrintable(room.output()));
     QVERIFY(room.waitForSize(NormalSize));
     for (int round = 0; round < 3; ++round) {
-        QVERIFY(room.desktop.hand({QStringLiteral("key"), QStringLiteral("super+shift+m")}));
+        QVERIFY(room.pressKey(QStringLiteral("super+shift+m")));
         QVERIFY2(room.airlume.waitFor([](const QJsonObject &state) {
             return geometryIn(state).width() == ScreenSize.width();
         }),
             qPrintable(room.output().right(2000)));
-        QVERIFY(room.desktop.hand({QStringLiteral("key"), QStringLiteral("super+shift+m")}));
+        QVERIFY(room.pressKey(QStringLiteral("super+shift+m")));
         QVERIFY2(room.waitForSize(NormalSize), qPrintable(room.output().right(2000)));
     }
 }
@@ -312,11 +336,11 @@ void TestDesktops::fillsTheScreenWhenTheDesktopWantsItTo()
     OnDesktop room(Desktop::Wayland);
     QVERIFY2(room.start(), qPrintable(room.output()));
     QVERIFY(room.waitForSize(NormalSize));
-    QVERIFY(room.desktop.hand({QStringLiteral("key"), QStringLiteral("super+shift+f")}));
+    QVERIFY(room.pressKey(QStringLiteral("super+shift+f")));
     QVERIFY2(room.waitForSize(ScreenSize), qPrintable(room.output().right(2000)));
-    QVERIFY(room.desktop.hand({QStringLiteral("key"), QStringLiteral("super+shift+f")}));
+    QVERIFY(room.pressKey(QStringLiteral("super+shift+f")));
     QVERIFY2(room.waitForSize(NormalSize), qPrintable(room.output().right(2000)));
-    QVERIFY2(!room.output().contains(QLatin1String("error")), qPrintable(room.output()));
+    QVERIFY2(!room.hasError(), qPrintable(room.output()));
 }
 
 void TestDesktops::asksTheDesktopToMinimise()
@@ -325,7 +349,7 @@ void TestDesktops::asksTheDesktopToMinimise()
     QVERIFY2(room.start(), qPrintable(room.output()));
     QVERIFY(room.airlume.command(QStringLiteral("click minimize")));
     QVERIFY(room.waitForOutput(QStringLiteral(R"(xdg_toplevel@\d+\.set_minimized\()")));
-    QVERIFY2(!room.output().contains(QLatin1String("error")), qPrintable(room.output()));
+    QVERIFY2(!room.hasError(), qPrintable(room.output()));
 }
 
 void TestDesktops::survivesAScreenSmallerThanItself()
@@ -339,7 +363,7 @@ void TestDesktops::survivesAScreenSmallerThanItself()
     QVERIFY2(room.airlume.command(QStringLiteral("click restore")), qPrintable(room.output()));
     QVERIFY2(room.waitForSize(NormalSize), qPrintable(room.output()));
     QVERIFY(room.airlume.command(QStringLiteral("click maximize")));
-    QVERIFY2(!room.output().contains(QLatin1String("error")), qPrintable(room.output()));
+    QVERIFY2(!room.hasError(), qPrintable(room.output()));
 }
 
 void TestDesktops::paintsInFullDensity()
@@ -348,7 +372,7 @@ void TestDesktops::paintsInFullDensity()
     QVERIFY2(room.start(), qPrintable(room.output()));
     QVERIFY(room.waitForSize(NormalSize));
     QVERIFY(room.waitForOutput(QStringLiteral(R"(create_buffer\(.*, 0, 2200, 1400,)")));
-    QVERIFY2(!room.output().contains(QLatin1String("error")), qPrintable(room.output()));
+    QVERIFY2(!room.hasError(), qPrintable(room.output()));
 }
 
 QTEST_GUILESS_MAIN(TestDesktops)
