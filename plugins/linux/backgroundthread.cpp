@@ -12,8 +12,9 @@ namespace
 /// Those alive. Only the application's thread adds, removes and ends them.
 QVector<BackgroundThread *> &threads()
 {
-    static QVector<BackgroundThread *> all;
-    return all;
+    // Never destroyed: Qt deletes what a plug-in made after the plug-in's own statics.
+    static auto *const all = new QVector<BackgroundThread *>;
+    return *all;
 }
 } // namespace
 
