@@ -3,46 +3,70 @@
 #include "linux/problemtexts.h"
 #include "linux/scanmaps.h"
 
+#include <algorithm>
 #include <cerrno>
 
 namespace LinuxWifi
 {
 
-Backend::Backend(WifiKernel &kernel, ScanRequester &requester, ScanTriggerPolicy::Clock clock,
-    ProblemReporter::Sink problems)
+namespace
+{
+// Somebody scans with an interface when a scan of it is not longer ago than this.
+const qint64 ScannedWithinMs = 60000;
+
+/// A joined network that hides its name may stand without it in the kernel's list.
+void nameJoined(QVector<AccessPoint> &accessPoints, const QString &name)
+{
+    for (AccessPoint &accessPoint : accessPoints) {
+        if (accessPoint.joined && accessPoint.ssid.isEmpty())
+            accessPoint.ssid = name;
+    }
+}
+
+/// These pass by themselves: no reason to let go of the interface.
+bool passes(int error)
+{
+    return error == EAGAIN || error == EINTR || error == ENOBUFS;
+}
+} // namespace
+
+Backend::Backend(WifiKernel &kernel, ScanRequester &requester, ScanEvents &events,
+    ScanTriggerPolicy::Clock clock, ProblemReporter::Sink problems)
     : m_kernel(kernel)
-    , m_requester(requester)
-    , m_policy(std::move(clock))
+    , m_events(events)
+    , m_clock(std::move(clock))
     , m_reporter(std::move(problems))
+    , m_starter(kernel, requester, m_clock, m_reporter)
 {
 }
 
 bool Backend::interfaceNames(QStringList &names)
 {
-    QVector<WifiInterface> interfaces;
-    if (!readInterfaces(interfaces))
+    QVector<InterfaceCandidate> candidates;
+    if (!readInterfaces(candidates))
         return false;
-    for (const WifiInterface &interface : qAsConst(interfaces))
-        names.append(interface.name);
+    names.append(InterfaceChoice::listed(candidates, best(candidates)));
     return true;
 }
 
 bool Backend::usable(const QString &name)
 {
-    QVector<WifiInterface> interfaces;
-    if (!readInterfaces(interfaces))
+    QVector<InterfaceCandidate> candidates;
+    if (!readInterfaces(candidates))
         return false;
-    for (const WifiInterface &interface : qAsConst(interfaces)) {
-        if (interface.name == name)
-            return m_kernel.linkState(name).usable();
+    for (const InterfaceCandidate &candidate : qAsConst(candidates)) {
+        if (candidate.interface.name == name)
+            return candidate.usable;
     }
     return false;
 }
 
 bool Backend::networks(const QString &name, QList<ScanMap> &networks)
 {
-    takeScanAnswer();
+    m_starter.takeAnswer();
     const std::optional<WifiInterface> interface = chooseInterface(name);
+    m_events.watch(interface ? interface->index : 0);
+    takeFinishedScans();
     const bool vanished = m_vanished;
     m_vanished = false;
     m_answering = interface && !vanished && readNetworks(*interface, networks);
@@ -65,57 +89,112 @@ bool Backend::joinedNetwork(const QString &name, ScanMap &network)
 
 bool Backend::startScan(const QString &name)
 {
-    takeScanAnswer();
+    m_starter.takeAnswer();
     const std::optional<WifiInterface> interface = chooseInterface(name);
-    return interface && scan(*interface, !interface->joinedName.isEmpty());
+    if (!interface)
+        return false;
+    const auto use = interface->joinedName.isEmpty() ? ScanTriggerPolicy::Use::Idle
+                                                     : ScanTriggerPolicy::Use::Joined;
+    return m_starter.scan(*interface, use, m_events.running(interface->index));
 }
 
 bool Backend::address(const QString &name, QString &address)
 {
-    QVector<WifiInterface> interfaces;
-    if (!readInterfaces(interfaces))
+    QVector<InterfaceCandidate> candidates;
+    if (!readInterfaces(candidates))
         return false;
-    for (const WifiInterface &interface : qAsConst(interfaces)) {
-        if (interface.name == name) {
-            address = interface.address;
+    for (const InterfaceCandidate &candidate : qAsConst(candidates)) {
+        if (candidate.interface.name == name) {
+            address = candidate.interface.address;
             return true;
         }
     }
     return false;
 }
 
-bool Backend::readInterfaces(QVector<WifiInterface> &interfaces)
+/// The interfaces in station mode. What is known about those that are gone or switched off is
+/// forgotten.
+bool Backend::readInterfaces(QVector<InterfaceCandidate> &candidates)
 {
+    QVector<WifiInterface> interfaces;
     const int error = m_kernel.interfaces(interfaces);
-    if (interfaces.isEmpty()) {
+    std::optional<WifiInterface> other;
+    QHash<int, Air> air;
+    for (const WifiInterface &interface : qAsConst(interfaces)) {
+        if (interface.mode != WifiInterface::Mode::Station) {
+            if (!other)
+                other = interface;
+            continue;
+        }
+        InterfaceCandidate candidate{interface};
+        candidate.usable = m_kernel.linkState(interface.name).usable();
+        if (candidate.usable && m_air.contains(interface.index))
+            air.insert(interface.index, m_air.value(interface.index));
+        candidates.append(candidate);
+    }
+    if (!passes(error))
+        m_air = air;
+    if (candidates.isEmpty()) {
         m_vanished = m_vanished || m_answering;
-        m_policy.forgetAll();
+        m_starter.forgetAll();
     }
     if (error)
         m_reporter.report(Topic::Interface, ProblemTexts::interfacesUnreadable(error));
-    else if (interfaces.isEmpty())
-        m_reporter.report(Topic::Interface, ProblemTexts::noInterface());
+    else if (candidates.isEmpty())
+        m_reporter.report(Topic::Interface,
+            other ? ProblemTexts::notAStation(*other) : ProblemTexts::noInterface());
     return error == 0;
+}
+
+std::optional<WifiInterface> Backend::best(QVector<InterfaceCandidate> candidates)
+{
+    const auto usable = [](const InterfaceCandidate &candidate) { return candidate.usable; };
+    const auto joined = [](const InterfaceCandidate &candidate) {
+        return candidate.usable && !candidate.interface.joinedName.isEmpty();
+    };
+    // Who scans matters only where nothing else tells which of several to take.
+    if (std::count_if(candidates.cbegin(), candidates.cend(), usable) > 1 &&
+        std::none_of(candidates.cbegin(), candidates.cend(), joined)) {
+        for (InterfaceCandidate &candidate : candidates)
+            candidate.scanned = candidate.usable && scanned(candidate.interface.index);
+    }
+    return m_choice.choose(candidates);
+}
+
+bool Backend::scanned(int index)
+{
+    const qint64 now = m_clock();
+    const auto ended = m_scanned.constFind(index);
+    if (ended != m_scanned.constEnd() && now - ended.value() < ScannedWithinMs)
+        return true;
+    QVector<AccessPoint> accessPoints;
+    m_kernel.accessPoints(index, accessPoints);
+    return std::any_of(
+        accessPoints.cbegin(), accessPoints.cend(), [now](const AccessPoint &accessPoint) {
+            const qint64 age =
+                accessPoint.heardAt ? now - *accessPoint.heardAt : accessPoint.age.value_or(0);
+            return age < ScannedWithinMs;
+        });
 }
 
 std::optional<WifiInterface> Backend::chooseInterface(const QString &name)
 {
-    QVector<WifiInterface> interfaces;
-    if (!readInterfaces(interfaces) || interfaces.isEmpty())
+    QVector<InterfaceCandidate> candidates;
+    if (!readInterfaces(candidates) || candidates.isEmpty())
         return std::nullopt;
 
     std::optional<WifiInterface> chosen;
     std::optional<WifiInterface> unusable;
-    for (const WifiInterface &interface : qAsConst(interfaces)) {
-        if (!name.isEmpty() && interface.name != name)
-            continue;
-        if (!m_kernel.linkState(interface.name).usable()) {
-            m_policy.forget(interface.index);
-            if (!unusable)
-                unusable = interface;
-        } else if (!chosen || (chosen->joinedName.isEmpty() && !interface.joinedName.isEmpty())) {
-            chosen = interface;
-        }
+    if (name.isEmpty())
+        chosen = best(candidates);
+    for (const InterfaceCandidate &candidate : qAsConst(candidates)) {
+        const bool meant = name.isEmpty() || candidate.interface.name == name;
+        if (candidate.usable && meant && !name.isEmpty())
+            chosen = candidate.interface;
+        if (!candidate.usable)
+            m_starter.forget(candidate.interface.index);
+        if (!candidate.usable && meant && !unusable)
+            unusable = candidate.interface;
     }
     if (chosen)
         m_reporter.resolved(Topic::Interface);
@@ -127,82 +206,89 @@ std::optional<WifiInterface> Backend::chooseInterface(const QString &name)
     return chosen;
 }
 
+void Backend::takeFinishedScans()
+{
+    const QVector<FinishedScan> scans = m_events.take();
+    for (const FinishedScan &scan : scans) {
+        m_starter.finished(scan);
+        m_scanned.insert(scan.index, scan.finishedAt);
+        const auto air = m_air.find(scan.index);
+        if (!scan.read || air == m_air.end())
+            continue;
+        air->table.heard(scan.heard, scan.finishedAt);
+        air->table.finished(scan);
+    }
+}
+
 bool Backend::readNetworks(const WifiInterface &interface, QList<ScanMap> &networks)
 {
-    QVector<AccessPoint> accessPoints;
-    if (const int error = m_kernel.accessPoints(interface.index, accessPoints)) {
+    QVector<AccessPoint> list;
+    const qint64 now = m_clock();
+    Air &air = m_air[interface.index];
+    const int error = m_kernel.accessPoints(interface.index, list);
+    if (error) {
         m_reporter.report(Topic::Networks, ProblemTexts::networksUnreadable(interface.name, error));
-        // These pass by themselves: no reason to let go of the interface.
-        return error == EAGAIN || error == EINTR || error == ENOBUFS;
-    }
-    m_reporter.resolved(Topic::Networks);
-
-    bool joined = false;
-    for (const AccessPoint &accessPoint : qAsConst(accessPoints))
-        joined = joined || accessPoint.joined;
-    QVector<StationLink> links;
-    if (joined)
-        links = readLinks(interface);
-    else
-        m_reporter.resolved(Topic::Link);
-    networks.append(scanMaps(accessPoints, links, interface.joinedName));
-    scan(interface, joined);
-    return true;
-}
-
-QVector<StationLink> Backend::readLinks(const WifiInterface &interface)
-{
-    QVector<StationLink> links;
-    const int error = m_kernel.stationLinks(interface.index, links);
-    if (error)
-        m_reporter.report(Topic::Link, ProblemTexts::linkUnreadable(interface.name, error));
-    else
-        m_reporter.resolved(Topic::Link);
-    return links;
-}
-
-bool Backend::scan(const WifiInterface &interface, bool joined)
-{
-    if (!m_policy.due(interface.index, joined))
-        return true;
-    if (m_mayTrigger) {
-        const int error = m_kernel.triggerScan(interface.index);
-        if (error == 0 || error == EBUSY) {
-            m_policy.started(interface.index);
-            m_reporter.resolved(Topic::Scan);
-            return true;
-        }
-        if (error != EPERM) {
-            m_policy.refused(interface.index);
-            m_reporter.report(Topic::Scan, ProblemTexts::scanRefused(interface.name, error));
+        if (!passes(error))
             return false;
-        }
-        m_mayTrigger = false;
+    } else {
+        m_reporter.resolved(Topic::Networks);
+        nameJoined(list, interface.joinedName);
+        air.table.heard(list, now);
     }
-    m_policy.started(interface.index);
-    m_requested = interface;
-    m_requester.request(interface.name);
+
+    QVector<AccessPoint> accessPoints = air.table.records(now);
+    const std::optional<StationLink> link = readLink(interface, accessPoints);
+    if (link)
+        air.traffic.take(*link, now);
+    const QString joined = air.traffic.carrier(accessPoints);
+    if (joined.isEmpty())
+        air.traffic.reset();
+    air.order.sort(accessPoints, joined);
+    networks.append(scanMaps(accessPoints, joined, link));
+
+    auto use = ScanTriggerPolicy::Use::Idle;
+    if (!joined.isEmpty())
+        use = air.traffic.busy() ? ScanTriggerPolicy::Use::Busy : ScanTriggerPolicy::Use::Joined;
+    m_starter.scan(interface, use, m_events.running(interface.index));
     return true;
 }
 
-void Backend::takeScanAnswer()
+/// Several drivers answer for one address only, others only the whole list.
+std::optional<StationLink> Backend::readLink(
+    const WifiInterface &interface, const QVector<AccessPoint> &accessPoints)
 {
-    const std::optional<ScanAnswer> answer = m_requester.takeAnswer();
-    if (!answer)
-        return;
-    if (answer->result == ScanAnswer::Result::Accepted) {
-        m_unready = false;
-        m_reporter.resolved(Topic::Scan);
-        return;
+    QStringList addresses;
+    for (const AccessPoint &accessPoint : accessPoints) {
+        if (!accessPoint.joined)
+            continue;
+        if (!accessPoint.mldAddress.isEmpty() && !addresses.contains(accessPoint.mldAddress))
+            addresses.prepend(accessPoint.mldAddress);
+        addresses.append(accessPoint.bssid);
     }
-    // NetworkManager needs a moment for an adapter that has just been plugged in or switched on.
-    const bool unready = answer->result == ScanAnswer::Result::NotAvailable ||
-                         answer->result == ScanAnswer::Result::NoInterface;
-    if (!unready || m_unready) {
-        m_policy.refused(m_requested.index);
-        m_reporter.report(Topic::Scan, ProblemTexts::scanRefused(m_requested.name, *answer));
+    if (addresses.isEmpty()) {
+        m_reporter.resolved(Topic::Link);
+        return std::nullopt;
     }
-    m_unready = unready;
+
+    for (const QString &address : qAsConst(addresses)) {
+        StationLink link;
+        if (m_kernel.stationLink(interface.index, address, link) == 0) {
+            m_reporter.resolved(Topic::Link);
+            return link;
+        }
+    }
+    QVector<StationLink> links;
+    if (const int error = m_kernel.stationLinks(interface.index, links)) {
+        m_reporter.report(Topic::Link, ProblemTexts::linkUnreadable(interface.name, error));
+        return std::nullopt;
+    }
+    m_reporter.resolved(Topic::Link);
+    const auto own = std::find_if(links.cbegin(), links.cend(),
+        [&](const StationLink &link) { return addresses.contains(link.address); });
+    if (own != links.cend())
+        return *own;
+    // A multi-link device of which the kernel did not tell the address.
+    return links.size() == 1 ? std::make_optional(links.first()) : std::nullopt;
 }
 
 } // namespace LinuxWifi

@@ -1,32 +1,35 @@
 #ifndef AIRLUME_LINUX_BACKEND_H
 #define AIRLUME_LINUX_BACKEND_H
 
+#include "linux/heardtable.h"
+#include "linux/interfacechoice.h"
+#include "linux/linktraffic.h"
+#include "linux/listorder.h"
 #include "linux/problemreporter.h"
-#include "linux/scanrequester.h"
-#include "linux/scantriggerpolicy.h"
-#include "linux/wifikernel.h"
+#include "linux/scanstarter.h"
 #include "scan/wifiapiinterface.h"
 
 namespace LinuxWifi
 {
 
-/// What the plug-in does, with everything outside of it handed in. Answers from what the kernel
-/// knows and never waits for a scan. One thread at a time; owns nothing of what it is given.
+/// What the plug-in does, with everything outside of it handed in. Answers from what has been heard
+/// and never waits for a scan. One thread at a time; owns nothing of what it is given.
 class Backend
 {
 public:
-    Backend(WifiKernel &kernel, ScanRequester &requester, ScanTriggerPolicy::Clock clock,
-        ProblemReporter::Sink problems);
+    /// `clock` gives ms of the boot-time clock.
+    Backend(WifiKernel &kernel, ScanRequester &requester, ScanEvents &events,
+        ScanTriggerPolicy::Clock clock, ProblemReporter::Sink problems);
 
-    /// Names of the interfaces in station mode, in the kernel's order. False when they could not be
-    /// read; a machine without any gives an empty list.
+    /// Names of the interfaces in station mode, so that Airlume takes the one that is listened
+    /// with. False when they could not be read; a machine without any gives an empty list.
     bool interfaceNames(QStringList &names);
 
     /// True when the interface is up and its radio is on.
     bool usable(const QString &name);
 
     /// Appends what the named interface hears, and starts a new scan when it is time. An empty name
-    /// means: the first usable interface that is joined to a network, or else the first usable one.
+    /// means: the one that is joined to a network, or else one that somebody scans.
     ///
     /// False when no interface can be used. Also false once after interfaceNames() had nothing to
     /// give between two calls: Airlume forgets its interface then only when a query fails, and
@@ -43,22 +46,32 @@ public:
     bool address(const QString &name, QString &address);
 
 private:
-    bool readInterfaces(QVector<WifiInterface> &interfaces);
+    /// All that is known about one interface's air.
+    struct Air {
+        HeardTable table;
+        ListOrder order;
+        LinkTraffic traffic;
+    };
+
+    bool readInterfaces(QVector<InterfaceCandidate> &candidates);
     std::optional<WifiInterface> chooseInterface(const QString &name);
+    std::optional<WifiInterface> best(QVector<InterfaceCandidate> candidates);
+    bool scanned(int index);
+    void takeFinishedScans();
     bool readNetworks(const WifiInterface &interface, QList<ScanMap> &networks);
-    QVector<StationLink> readLinks(const WifiInterface &interface);
-    bool scan(const WifiInterface &interface, bool joined);
-    void takeScanAnswer();
+    std::optional<StationLink> readLink(
+        const WifiInterface &interface, const QVector<AccessPoint> &accessPoints);
 
     WifiKernel &m_kernel;
-    ScanRequester &m_requester;
-    ScanTriggerPolicy m_policy;
+    ScanEvents &m_events;
+    const ScanTriggerPolicy::Clock m_clock;
     ProblemReporter m_reporter;
-    bool m_mayTrigger = true;  ///< Until the kernel says that this user may not.
-    bool m_answering = false;  ///< The last query succeeded.
-    bool m_vanished = false;   ///< Since then there was a time without any interface.
-    WifiInterface m_requested; ///< The interface that a scan was requested for.
-    bool m_unready = false;    ///< The last answer was that the interface cannot scan yet.
+    ScanStarter m_starter;
+    InterfaceChoice m_choice;
+    QHash<int, Air> m_air;        ///< By interface.
+    QHash<int, qint64> m_scanned; ///< When a scan ended last, by interface.
+    bool m_answering = false;     ///< The last query succeeded.
+    bool m_vanished = false;      ///< Since then there was a time without any interface.
 };
 
 } // namespace LinuxWifi

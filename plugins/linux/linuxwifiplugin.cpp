@@ -1,5 +1,6 @@
 #include "linux/linuxwifiplugin.h"
 
+#include "linux/boottime.h"
 #include "linux/networkmanager.h"
 
 #include <QDebug>
@@ -8,12 +9,16 @@ namespace LinuxWifi
 {
 
 LinuxWifiPlugin::LinuxWifiPlugin()
-    : m_requester([](const QString &interface) { return NetworkManager().requestScan(interface); })
-    , m_backend(
-          m_kernel, m_requester, [this] { return m_clock.elapsed(); },
+    : m_watcher(m_background, bootTimeMs)
+    , m_requester([](const QString &interface) { return NetworkManager().requestScan(interface); })
+    , m_backend(m_kernel, m_requester, m_watcher, bootTimeMs,
           [](const QString &text) { qCritical().noquote() << text; })
 {
-    m_clock.start();
+}
+
+LinuxWifiPlugin::~LinuxWifiPlugin()
+{
+    m_background.end();
 }
 
 bool LinuxWifiPlugin::initWiFiApi()

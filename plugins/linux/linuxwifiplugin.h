@@ -4,8 +4,8 @@
 #include "linux/backend.h"
 #include "linux/backgroundrequester.h"
 #include "linux/nl80211kernel.h"
+#include "linux/scanwatcher.h"
 
-#include <QElapsedTimer>
 #include <QObject>
 
 namespace LinuxWifi
@@ -21,6 +21,7 @@ class LinuxWifiPlugin : public QObject, public WiFiApiInterface
 
 public:
     LinuxWifiPlugin();
+    ~LinuxWifiPlugin() override;
 
     bool initWiFiApi() override;
     bool releaseWiFiApi() override;
@@ -34,8 +35,9 @@ public:
     bool getWiFiNicList(QStringList &nics) override;
 
 private:
-    QElapsedTimer m_clock;
     Nl80211Kernel m_kernel;
+    BackgroundThread m_background;
+    ScanWatcher m_watcher;
     BackgroundRequester m_requester;
     Backend m_backend;
 };

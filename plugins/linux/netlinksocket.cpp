@@ -58,7 +58,7 @@ int onError(sockaddr_nl *, nlmsgerr *error, void *exchange)
 }
 } // namespace
 
-void NetlinkSocket::FreeSocket::operator()(nl_sock *socket) const
+void FreeNetlinkSocket::operator()(nl_sock *socket) const
 {
     nl_socket_free(socket);
 }

@@ -13,6 +13,11 @@ struct nlmsghdr;
 namespace LinuxWifi
 {
 
+struct FreeNetlinkSocket {
+    void operator()(nl_sock *socket) const;
+};
+using NetlinkSocketPointer = std::unique_ptr<nl_sock, FreeNetlinkSocket>;
+
 /// A generic netlink socket for one family. It opens itself when first used, and again after an
 /// error that left it in doubt. Every result is 0 or an errno, as the kernel gave it: libnl's own
 /// codes merge several of them. One thread at a time.
@@ -44,11 +49,8 @@ private:
     int exchange(std::uint8_t command, int flags, const Fill &fill, const Handler &handler);
     int receive(const Handler &handler, bool &inDoubt);
 
-    struct FreeSocket {
-        void operator()(nl_sock *socket) const;
-    };
     const std::string m_family;
-    std::unique_ptr<nl_sock, FreeSocket> m_socket;
+    NetlinkSocketPointer m_socket;
     int m_familyId = -1;
 };
 

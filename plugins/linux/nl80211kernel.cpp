@@ -66,6 +66,26 @@ int Nl80211Kernel::accessPoints(int index, QVector<AccessPoint> &accessPoints)
     return list(m_socket, NL80211_CMD_GET_SCAN, ofInterface(index), parseAccessPoint, accessPoints);
 }
 
+int Nl80211Kernel::stationLink(int index, const QString &address, StationLink &link)
+{
+    const QByteArray octets = QByteArray::fromHex(address.toLatin1());
+    const auto fill = [&](nl_msg *request) {
+        return ofInterface(index)(request) &&
+               nla_put(request, NL80211_ATTR_MAC, octets.size(), octets.constData()) == 0;
+    };
+    std::optional<StationLink> answer;
+    const int error = repeated([&] {
+        return m_socket.request(NL80211_CMD_GET_STATION, fill,
+            [&answer](nlmsghdr *message) { answer = parseStationLink(message); });
+    });
+    if (error)
+        return error;
+    if (!answer)
+        return ENOENT;
+    link = *answer;
+    return 0;
+}
+
 int Nl80211Kernel::stationLinks(int index, QVector<StationLink> &links)
 {
     return list(m_socket, NL80211_CMD_GET_STATION, ofInterface(index), parseStationLink, links);

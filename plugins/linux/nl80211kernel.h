@@ -16,6 +16,7 @@ public:
     int interfaces(QVector<WifiInterface> &interfaces) override;
     LinkState linkState(const QString &name) override;
     int accessPoints(int index, QVector<AccessPoint> &accessPoints) override;
+    int stationLink(int index, const QString &address, StationLink &link) override;
     int stationLinks(int index, QVector<StationLink> &links) override;
     int triggerScan(int index) override;
     void close() override;

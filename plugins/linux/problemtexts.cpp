@@ -62,6 +62,32 @@ QString noInterface()
         "installed.");
 }
 
+QString notAStation(const WifiInterface &interface)
+{
+    const QString help = QStringLiteral("or plug in a second adapter, which can listen meanwhile.");
+    switch (interface.mode) {
+    case WifiInterface::Mode::AccessPoint:
+        return QStringLiteral("The Wi-Fi interface %1 is a hotspot and hears no networks. Switch "
+                              "the hotspot off in the network settings, ")
+                   .arg(interface.name) +
+               help;
+    case WifiInterface::Mode::Monitor:
+        return QStringLiteral("The Wi-Fi interface %1 is a monitor and gives no list of networks. "
+                              "Run \"sudo ip link set %1 down\" and \"sudo iw dev %1 set type "
+                              "managed\", ")
+                   .arg(interface.name) +
+               help;
+    case WifiInterface::Mode::Station:
+    case WifiInterface::Mode::Other:
+        break;
+    }
+    return QStringLiteral(
+               "The Wi-Fi interface %1 is neither free nor joined to an access point: it "
+               "belongs to an ad hoc or mesh network. Leave that, ")
+               .arg(interface.name) +
+           help;
+}
+
 QString interfacesUnreadable(int error)
 {
     if (error == WifiKernel::NoWifiSupport) {
@@ -108,6 +134,11 @@ QString networksUnreadable(const QString &interface, int error)
 
 QString linkUnreadable(const QString &interface, int error)
 {
+    if (error == EOPNOTSUPP) {
+        return QStringLiteral("The driver of %1 does not tell the signal and link rate of the "
+                              "joined network. The signal of the last scan is shown instead.")
+            .arg(interface);
+    }
     return QStringLiteral(
         "The signal and link rate of the network that %1 is joined to could not be "
         "read: %2. The signal of the last scan is shown instead. %3")

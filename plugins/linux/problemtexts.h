@@ -14,6 +14,8 @@ namespace ProblemTexts
 
 /// The machine has no interface in station mode.
 QString noInterface();
+/// The only interface is used as something else than a station.
+QString notAStation(const WifiInterface &interface);
 /// The interface list could not be read.
 QString interfacesUnreadable(int error);
 /// An interface that was asked for by name does not exist.

@@ -1,7 +1,5 @@
 #include "linux/scanmaps.h"
 
-#include <algorithm>
-
 namespace LinuxWifi
 {
 
@@ -10,36 +8,17 @@ namespace
 // What a driver that gives no signal is shown with: the bottom of the scale. 0 would be the top.
 const int UnknownSignal = -100;
 
-const StationLink *linkTo(const AccessPoint &accessPoint, const QVector<StationLink> &links)
+QString shownName(const AccessPoint &accessPoint)
 {
-    for (const StationLink &link : links) {
-        if (link.address == accessPoint.bssid)
-            return &link;
-    }
-    return nullptr;
-}
-
-/// Puts the joined access point at the front: with several, the one that there is a link to.
-/// False when none is joined.
-bool moveJoinedToFront(QVector<AccessPoint> &accessPoints, const QVector<StationLink> &links)
-{
-    const auto isJoined = [](const AccessPoint &accessPoint) { return accessPoint.joined; };
-    auto chosen =
-        std::find_if(accessPoints.begin(), accessPoints.end(), [&](const AccessPoint &accessPoint) {
-            return accessPoint.joined && linkTo(accessPoint, links);
-        });
-    if (chosen == accessPoints.end())
-        chosen = std::find_if(accessPoints.begin(), accessPoints.end(), isJoined);
-    if (chosen == accessPoints.end())
-        return false;
-    std::rotate(accessPoints.begin(), chosen, chosen + 1);
-    return true;
+    // Its own name, so that it can be ticked and told from the next.
+    return accessPoint.ssid.isEmpty() ? QStringLiteral("(hidden) ") + accessPoint.bssid
+                                      : accessPoint.ssid;
 }
 
 ScanMap scanMap(const AccessPoint &accessPoint)
 {
     return {
-        {QStringLiteral("ssid"), accessPoint.ssid},
+        {QStringLiteral("ssid"), shownName(accessPoint)},
         {QStringLiteral("bssid"), accessPoint.bssid},
         {QStringLiteral("channel"), QString::number(accessPoint.channel)},
         {QStringLiteral("current_connected"), QStringLiteral("0")},
@@ -48,31 +27,37 @@ ScanMap scanMap(const AccessPoint &accessPoint)
             QString::number(accessPoint.signal.value_or(UnknownSignal))},
     };
 }
+
+void markJoined(
+    ScanMap &map, const AccessPoint &accessPoint, const std::optional<StationLink> &link)
+{
+    map[QStringLiteral("current_connected")] = QStringLiteral("1");
+    if (!link)
+        return;
+    LinkCounters counters;
+    if (accessPoint.linkId)
+        counters = link->byLink.value(*accessPoint.linkId);
+    if (!counters.signal)
+        counters.signal = link->signal;
+    if (!counters.rate)
+        counters.rate = link->rate;
+    if (counters.signal)
+        map[QStringLiteral("WLAN_NETWORK_SIGNAL")] = QString::number(*counters.signal);
+    if (counters.rate)
+        map[QStringLiteral("link_rate")] = QString::number(*counters.rate);
+}
 } // namespace
 
-QList<ScanMap> scanMaps(
-    QVector<AccessPoint> accessPoints, const QVector<StationLink> &links, const QString &joinedName)
+QList<ScanMap> scanMaps(const QVector<AccessPoint> &accessPoints, const QString &joined,
+    const std::optional<StationLink> &link)
 {
-    const bool joined = moveJoinedToFront(accessPoints, links);
     QList<ScanMap> maps;
     maps.reserve(accessPoints.size());
-    for (const AccessPoint &accessPoint : qAsConst(accessPoints))
+    for (const AccessPoint &accessPoint : accessPoints) {
         maps.append(scanMap(accessPoint));
-    if (!joined)
-        return maps;
-
-    ScanMap &map = maps.first();
-    map[QStringLiteral("current_connected")] = QStringLiteral("1");
-    if (accessPoints.first().ssid.isEmpty())
-        map[QStringLiteral("ssid")] = joinedName;
-    // A link of several radios has an address of its own.
-    const StationLink *link = linkTo(accessPoints.first(), links);
-    if (!link && !links.isEmpty())
-        link = &links.first();
-    if (link && link->signal)
-        map[QStringLiteral("WLAN_NETWORK_SIGNAL")] = QString::number(*link->signal);
-    if (link && link->rate)
-        map[QStringLiteral("link_rate")] = QString::number(*link->rate);
+        if (accessPoint.bssid == joined)
+            markJoined(maps.last(), accessPoint, link);
+    }
     return maps;
 }
 

@@ -7,13 +7,13 @@
 namespace LinuxWifi
 {
 
-/// The scan maps of what one interface hears: the joined network first, so that it keeps its plain
-/// name among others of the same name, the rest in the kernel's order. The joined network's signal
-/// is the one of its link in `links` where that has one: it is fresh without a scan. A link of
-/// several radios makes the kernel mark several access points as joined; only one is marked here.
-/// `joinedName` names a joined network that hides its name. Pure.
-QList<ScanMap> scanMaps(QVector<AccessPoint> accessPoints, const QVector<StationLink> &links,
-    const QString &joinedName);
+/// The scan maps of what one interface hears, in the order given. The access point whose BSSID is
+/// `joined` is marked as joined, no other, whatever the kernel marks: a link of several radios
+/// makes it mark several. Signal and rate of the joined one are those of `link` where it has them,
+/// as they are fresh without a scan. A network that hides its name is named "(hidden) " and its
+/// BSSID. Pure.
+QList<ScanMap> scanMaps(const QVector<AccessPoint> &accessPoints, const QString &joined,
+    const std::optional<StationLink> &link);
 
 } // namespace LinuxWifi
 

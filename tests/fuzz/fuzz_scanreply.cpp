@@ -1,7 +1,12 @@
 #include "fuzz/require.h"
+#include "linux/heardtable.h"
+#include "linux/linktraffic.h"
+#include "linux/listorder.h"
 #include "linux/nl80211messages.h"
 #include "linux/scanmaps.h"
 #include "linux/ssidtext.h"
+
+#include <QSet>
 
 #include <linux/netlink.h>
 
@@ -45,26 +50,20 @@ void checkAccessPoint(const AccessPoint &accessPoint)
         require(character >= QLatin1Char(' ') && character <= QLatin1Char('~'));
 }
 
-void checkMaps(const QVector<AccessPoint> &accessPoints, const QList<ScanMap> &maps)
+void checkMap(const ScanMap &map, bool joined)
 {
-    require(maps.size() == accessPoints.size());
-    const bool joined = std::any_of(accessPoints.cbegin(), accessPoints.cend(),
-        [](const AccessPoint &accessPoint) { return accessPoint.joined; });
-    for (int i = 0; i < maps.size(); ++i) {
-        const ScanMap &map = maps.at(i);
-        const QString mark = joined && i == 0 ? QStringLiteral("1") : QStringLiteral("0");
-        require(map.value(QStringLiteral("current_connected")) == mark);
-        checkAddress(map.value(QStringLiteral("bssid")));
-        checkName(map.value(QStringLiteral("ssid")));
-        for (const QString &key :
-            {QStringLiteral("channel"), QStringLiteral("WLAN_NETWORK_SIGNAL")}) {
-            bool isNumber = false;
-            map.value(key).toInt(&isNumber);
-            require(isNumber);
-        }
-        const QString rate = map.value(QStringLiteral("link_rate"), QStringLiteral("0"));
-        require(rate.toInt() >= 0 && QString::number(rate.toInt()) == rate);
-    }
+    require(map.value(QStringLiteral("current_connected")) ==
+            (joined ? QStringLiteral("1") : QStringLiteral("0")));
+    checkAddress(map.value(QStringLiteral("bssid")));
+    checkName(map.value(QStringLiteral("ssid")));
+    require(!map.value(QStringLiteral("ssid")).isEmpty());
+    bool isNumber = false;
+    map.value(QStringLiteral("channel")).toInt(&isNumber);
+    require(isNumber);
+    const int signal = map.value(QStringLiteral("WLAN_NETWORK_SIGNAL")).toInt(&isNumber);
+    require(isNumber && signal >= -100 && signal < 0);
+    const QString rate = map.value(QStringLiteral("link_rate"), QStringLiteral("0"));
+    require(rate.toInt() >= 0 && QString::number(rate.toInt()) == rate);
 }
 
 /// What one dump of the kernel's gives.
@@ -77,7 +76,6 @@ public:
             if (!interface->address.isEmpty())
                 checkAddress(interface->address);
             checkName(interface->joinedName);
-            m_joinedName = interface->joinedName;
         }
         if (const auto accessPoint = parseAccessPoint(message)) {
             checkAccessPoint(*accessPoint);
@@ -86,21 +84,42 @@ public:
         if (const auto link = parseStationLink(message)) {
             if (!link->address.isEmpty())
                 checkAddress(link->address);
-            require(!link->signal || (*link->signal >= -128 && *link->signal <= 127));
+            require(!link->signal || (*link->signal >= -100 && *link->signal < 0));
             require(!link->rate || *link->rate >= 0);
-            m_links.append(*link);
+            m_link = link;
         }
+        if (const auto notice = parseScanNotice(message))
+            m_scan.frequencies = notice->frequencies;
     }
 
-    void check() const
+    void check()
     {
-        checkMaps(m_accessPoints, scanMaps(m_accessPoints, m_links, m_joinedName));
+        const qint64 now = 1000000000;
+        HeardTable table;
+        table.heard(m_accessPoints, now);
+        table.finished(m_scan);
+        QVector<AccessPoint> records = table.records(now);
+        LinkTraffic traffic;
+        if (m_link)
+            traffic.take(*m_link, now);
+        const QString joined = traffic.carrier(records);
+        const int count = records.size();
+        ListOrder().sort(records, joined);
+        require(records.size() == count);
+        QSet<QString> bssids;
+        for (const ScanMap &map : scanMaps(records, joined, m_link)) {
+            const QString bssid = map.value(QStringLiteral("bssid"));
+            require(!bssids.contains(bssid));
+            bssids.insert(bssid);
+            checkMap(map, bssid == joined);
+        }
+        require(joined.isEmpty() || bssids.contains(joined));
     }
 
 private:
     QVector<AccessPoint> m_accessPoints;
-    QVector<StationLink> m_links;
-    QString m_joinedName;
+    std::optional<StationLink> m_link;
+    FinishedScan m_scan;
 };
 } // namespace
 

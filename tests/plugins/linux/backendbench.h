@@ -3,6 +3,8 @@
 
 #include "linux/backend.h"
 
+#include <cerrno>
+
 namespace LinuxWifi
 {
 
@@ -21,6 +23,19 @@ public:
         m_read.append(index);
         accessPoints = m_accessPointsError ? QVector<AccessPoint>() : m_accessPoints;
         return m_accessPointsError;
+    }
+    int stationLink(int, const QString &address, StationLink &link) override
+    {
+        m_asked.append(address);
+        if (m_linkError)
+            return m_linkError;
+        for (const StationLink &candidate : qAsConst(m_links)) {
+            if (candidate.address == address) {
+                link = candidate;
+                return 0;
+            }
+        }
+        return ENOENT;
     }
     int stationLinks(int, QVector<StationLink> &links) override
     {
@@ -48,10 +63,12 @@ public:
     QVector<StationLink> m_links;
     int m_interfacesError = 0;
     int m_accessPointsError = 0;
-    int m_linksError = 0;
+    int m_linkError = 0;  ///< Of the link to one address.
+    int m_linksError = 0; ///< Of the list of links.
     int m_triggerError = 0;
     QVector<int> m_read;
     QVector<int> m_triggered;
+    QStringList m_asked; ///< Addresses of stations.
 };
 
 class FakeRequester : public ScanRequester
@@ -69,6 +86,37 @@ public:
     std::optional<ScanAnswer> m_answer;
 };
 
+class FakeEvents : public ScanEvents
+{
+public:
+    void watch(int index) override { m_watched = index; }
+    std::optional<qint64> running(int index) override
+    {
+        return m_running.contains(index) ? std::make_optional(m_running.value(index))
+                                         : std::nullopt;
+    }
+    QVector<FinishedScan> take() override
+    {
+        QVector<FinishedScan> finished;
+        finished.swap(m_finished);
+        return finished;
+    }
+
+    int m_watched = -1;
+    QHash<int, qint64> m_running;
+    QVector<FinishedScan> m_finished;
+};
+
+inline StationLink stationLink(
+    const char *address, std::optional<int> signal, std::optional<int> rate)
+{
+    StationLink link;
+    link.address = QString::fromLatin1(address);
+    link.signal = signal;
+    link.rate = rate;
+    return link;
+}
+
 inline AccessPoint heard(bool joined = false)
 {
     AccessPoint accessPoint;
@@ -83,9 +131,10 @@ inline AccessPoint heard(bool joined = false)
 struct Bench {
     FakeKernel kernel;
     FakeRequester requester;
-    qint64 now = 0;
+    FakeEvents events;
+    qint64 now = 1000000;
     QStringList problems;
-    Backend backend{kernel, requester, [this] { return now; },
+    Backend backend{kernel, requester, events, [this] { return now; },
         [this](const QString &text) { problems.append(text); }};
 
     /// One round as Airlume makes it every four seconds.

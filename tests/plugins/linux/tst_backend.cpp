@@ -7,13 +7,17 @@
 
 using namespace LinuxWifi;
 
+Q_DECLARE_METATYPE(LinuxWifi::WifiInterface::Mode)
+
 /// What the back end answers, and what it says when it cannot.
 class TestBackend : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void interfacesAreNamedInTheirOrder();
+    void interfacesAreNamedForAirlumesRule_data();
+    void interfacesAreNamedForAirlumesRule();
+    void namedInterfaceIsTheOneThatListens();
     void usableMeansUpAndNotBlocked_data();
     void usableMeansUpAndNotBlocked();
     void firstUsableInterfaceListens();
@@ -22,6 +26,10 @@ private slots:
     void unknownInterfaceFails();
     void networksAreAppended();
     void joinedNetworkComesWithItsLink();
+    void listOfLinksServesWhereTheAddressGetsNoAnswer();
+    void peersThatAreNotTheAccessPointAreNotItsLink();
+    void multiLinkStationIsAskedByItsOwnAddress();
+    void oneOfSeveralLinksIsJoined();
     void unreadableLinkLeavesTheCachedSignal();
     void machineWithoutWifiFailsWithOneMessage_data();
     void machineWithoutWifiFailsWithOneMessage();
@@ -31,21 +39,75 @@ private slots:
     void problemThatComesBackIsSaidAgain();
     void unreadableNetworksFail_data();
     void unreadableNetworksFail();
+    void hotspotAndMonitorAreNamed_data();
+    void hotspotAndMonitorAreNamed();
     void adapterThatCameBackFailsOnce();
     void adapterGoneDuringAQueryNeedsNoFurtherFailure();
     void joinedNetworkAloneIsGiven();
     void addressOfTheInterfaceIsGiven();
 };
 
-void TestBackend::interfacesAreNamedInTheirOrder()
+void TestBackend::interfacesAreNamedForAirlumesRule_data()
 {
+    QTest::addColumn<QStringList>("joined");
+    QTest::addColumn<QStringList>("down");
+    QTest::addColumn<QStringList>("names");
+    const auto list = [](const char *names) {
+        return QString::fromLatin1(names).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    };
+    // The one that listens is the second, and of those the first that is usable.
+    QTest::newRow("nothing tells them apart") << list("") << list("") << list("b a c");
+    QTest::newRow("the first is joined") << list("a") << list("") << list("b a c");
+    QTest::newRow("the second is joined") << list("b") << list("") << list("a b c");
+    QTest::newRow("the third is joined") << list("c") << list("") << list("a c b");
+    QTest::newRow("the first is down") << list("") << list("a") << list("a b c");
+    QTest::newRow("the joined one is down") << list("a") << list("a") << list("a b c");
+    QTest::newRow("all are down") << list("") << list("a b c") << list("a b c");
+}
+
+void TestBackend::interfacesAreNamedForAirlumesRule()
+{
+    QFETCH(QStringList, joined);
+    QFETCH(QStringList, down);
+    QFETCH(QStringList, names);
     Bench bench;
-    bench.kernel.add(9, "wlan1");
-    bench.kernel.add(2, "wlan0");
-    QStringList names;
-    QVERIFY(bench.backend.interfaceNames(names));
-    QCOMPARE(names, (QStringList{QStringLiteral("wlan1"), QStringLiteral("wlan0")}));
+    int index = 2;
+    for (const char *const name : {"a", "b", "c"}) {
+        const QString text = QString::fromLatin1(name);
+        bench.kernel.add(index++, name, {!down.contains(text), false, false},
+            joined.contains(text) ? "Home" : "");
+    }
+    QStringList named;
+    QVERIFY(bench.backend.interfaceNames(named));
+    QCOMPARE(named, names);
     QCOMPARE(bench.problems, QStringList());
+}
+
+void TestBackend::namedInterfaceIsTheOneThatListens()
+{
+    // Airlume's own rule, with every mixture of states.
+    for (int bits = 0; bits < 64; ++bits) {
+        Bench bench;
+        for (int i = 0; i < 3; ++i) {
+            const char *const names[] = {"a", "b", "c"};
+            bench.kernel.add(i + 2, names[i], {(bits >> i & 1) != 0, false, false},
+                (bits >> (i + 3) & 1) != 0 ? "Home" : "");
+        }
+        QStringList names;
+        QVERIFY(bench.backend.interfaceNames(names));
+        QString taken = names.first();
+        for (int i = 1; i < names.size(); ++i) {
+            if (bench.backend.usable(names.at(i))) {
+                taken = names.at(i);
+                break;
+            }
+        }
+        QCOMPARE(bench.round(), (bits & 7) != 0);
+        const int watched = bench.events.m_watched;
+        QCOMPARE(watched != 0, (bits & 7) != 0);
+        if (watched != 0)
+            QCOMPARE(bench.kernel.m_interfaces.at(watched - 2).name, taken);
+    }
 }
 
 void TestBackend::usableMeansUpAndNotBlocked_data()
@@ -76,7 +138,7 @@ void TestBackend::firstUsableInterfaceListens()
     bench.kernel.add(3, "wlan1");
     bench.kernel.add(4, "wlan2");
     QVERIFY(bench.round());
-    QCOMPARE(bench.kernel.m_read, QVector<int>{3});
+    QCOMPARE(bench.events.m_watched, 3);
     QCOMPARE(bench.problems, QStringList());
 }
 
@@ -126,7 +188,7 @@ void TestBackend::joinedNetworkComesWithItsLink()
     Bench bench;
     bench.kernel.add(2, "wlan0", {true, false, false}, "Home");
     bench.kernel.m_accessPoints = {heard(true)};
-    bench.kernel.m_links = {{QStringLiteral("b1"), -47, 300}};
+    bench.kernel.m_links = {stationLink("b1", -47, 300)};
     QList<ScanMap> networks;
     QVERIFY(bench.round(&networks));
     QCOMPARE(networks.first().value(QStringLiteral("current_connected")), QStringLiteral("1"));
@@ -134,11 +196,94 @@ void TestBackend::joinedNetworkComesWithItsLink()
     QCOMPARE(networks.first().value(QStringLiteral("link_rate")), QStringLiteral("300"));
 }
 
+void TestBackend::listOfLinksServesWhereTheAddressGetsNoAnswer()
+{
+    Bench bench;
+    bench.kernel.add(2, "wlan0", {true, false, false}, "Home");
+    bench.kernel.m_accessPoints = {heard(true)};
+    bench.kernel.m_links = {stationLink("b1", -47, 300)};
+    for (const int error : {EOPNOTSUPP, ENOENT, EINVAL}) {
+        bench.kernel.m_linkError = error;
+        QList<ScanMap> networks;
+        QVERIFY(bench.round(&networks));
+        QCOMPARE(
+            networks.first().value(QStringLiteral("WLAN_NETWORK_SIGNAL")), QStringLiteral("-47"));
+    }
+    // And the other way round.
+    bench.kernel.m_linkError = 0;
+    bench.kernel.m_linksError = EOPNOTSUPP;
+    QList<ScanMap> networks;
+    QVERIFY(bench.round(&networks));
+    QCOMPARE(networks.first().value(QStringLiteral("WLAN_NETWORK_SIGNAL")), QStringLiteral("-47"));
+    QCOMPARE(bench.problems, QStringList());
+}
+
+void TestBackend::peersThatAreNotTheAccessPointAreNotItsLink()
+{
+    Bench bench;
+    bench.kernel.add(2, "wlan0", {true, false, false}, "Home");
+    bench.kernel.m_accessPoints = {heard(true)};
+    bench.kernel.m_linkError = EOPNOTSUPP;
+    bench.kernel.m_links = {stationLink("peer", -20, 10), stationLink("other", -21, 11)};
+    QList<ScanMap> networks;
+    QVERIFY(bench.round(&networks));
+    QCOMPARE(networks.first().value(QStringLiteral("WLAN_NETWORK_SIGNAL")), QStringLiteral("-50"));
+    bench.kernel.m_links.append(stationLink("b1", -47, 300));
+    networks.clear();
+    QVERIFY(bench.round(&networks));
+    QCOMPARE(networks.first().value(QStringLiteral("WLAN_NETWORK_SIGNAL")), QStringLiteral("-47"));
+}
+
+void TestBackend::multiLinkStationIsAskedByItsOwnAddress()
+{
+    Bench bench;
+    bench.kernel.add(2, "wlan0", {true, false, false}, "Home");
+    AccessPoint accessPoint = heard(true);
+    accessPoint.mldAddress = QStringLiteral("mld");
+    bench.kernel.m_accessPoints = {accessPoint};
+    bench.kernel.m_links = {stationLink("mld", -44, 2402)};
+    QList<ScanMap> networks;
+    QVERIFY(bench.round(&networks));
+    QCOMPARE(bench.kernel.m_asked.first(), QStringLiteral("mld"));
+    QCOMPARE(networks.first().value(QStringLiteral("WLAN_NETWORK_SIGNAL")), QStringLiteral("-44"));
+    QCOMPARE(networks.first().value(QStringLiteral("link_rate")), QStringLiteral("2402"));
+}
+
+void TestBackend::oneOfSeveralLinksIsJoined()
+{
+    Bench bench;
+    bench.kernel.add(2, "wlan0", {true, false, false}, "Home");
+    AccessPoint weak = heard(true);
+    weak.signal = -70;
+    weak.linkId = 0;
+    AccessPoint strong = heard(true);
+    strong.bssid = QStringLiteral("b2");
+    strong.linkId = 1;
+    bench.kernel.m_accessPoints = {weak, strong};
+    StationLink link = stationLink("mld", {}, {});
+    link.byLink.insert(1, stationLink("", -41, 1201));
+    bench.kernel.m_links = {link};
+    for (int i = 0; i < 3; ++i) {
+        QList<ScanMap> networks;
+        QVERIFY(bench.round(&networks));
+        QStringList joined;
+        for (const ScanMap &network : qAsConst(networks)) {
+            if (network.value(QStringLiteral("current_connected")) == QStringLiteral("1"))
+                joined.append(network.value(QStringLiteral("bssid")));
+        }
+        QCOMPARE(joined, QStringList{QStringLiteral("b2")});
+        QCOMPARE(
+            networks.first().value(QStringLiteral("WLAN_NETWORK_SIGNAL")), QStringLiteral("-41"));
+        QCOMPARE(networks.first().value(QStringLiteral("link_rate")), QStringLiteral("1201"));
+    }
+}
+
 void TestBackend::unreadableLinkLeavesTheCachedSignal()
 {
     Bench bench;
     bench.kernel.add(2, "wlan0", {true, false, false}, "Home");
     bench.kernel.m_accessPoints = {heard(true)};
+    bench.kernel.m_linkError = ENOENT;
     bench.kernel.m_linksError = EOPNOTSUPP;
     for (int i = 0; i < 5; ++i) {
         QList<ScanMap> networks;
@@ -257,6 +402,37 @@ void TestBackend::unreadableNetworksFail()
     QList<ScanMap> networks;
     QVERIFY(bench.round(&networks));
     QCOMPARE(networks.size(), 1);
+}
+
+void TestBackend::hotspotAndMonitorAreNamed_data()
+{
+    QTest::addColumn<WifiInterface::Mode>("mode");
+    QTest::addColumn<QString>("word");
+    QTest::newRow("hotspot") << WifiInterface::Mode::AccessPoint << QStringLiteral("hotspot");
+    QTest::newRow("monitor") << WifiInterface::Mode::Monitor << QStringLiteral("type managed");
+    QTest::newRow("other") << WifiInterface::Mode::Other << QStringLiteral("mesh");
+}
+
+void TestBackend::hotspotAndMonitorAreNamed()
+{
+    QFETCH(WifiInterface::Mode, mode);
+    QFETCH(QString, word);
+    Bench bench;
+    bench.kernel.add(2, "wlan0");
+    bench.kernel.m_interfaces.first().mode = mode;
+    QStringList names;
+    QVERIFY(bench.backend.interfaceNames(names));
+    QCOMPARE(names, QStringList());
+    QVERIFY(!bench.backend.usable(QStringLiteral("wlan0")));
+    QVERIFY(!bench.round());
+    QCOMPARE(bench.problems.size(), 1);
+    QVERIFY2(bench.problems.first().contains(word) &&
+                 bench.problems.first().contains(QStringLiteral("wlan0")),
+        qPrintable(bench.problems.first()));
+    // Beside a station it is nobody's trouble.
+    bench.kernel.add(3, "wlan1");
+    QVERIFY(bench.round());
+    QCOMPARE(bench.problems.size(), 1);
 }
 
 void TestBackend::adapterThatCameBackFailsOnce()

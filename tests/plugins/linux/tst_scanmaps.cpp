@@ -1,3 +1,4 @@
+#include "backendbench.h"
 #include "linux/scanmaps.h"
 
 #include <QTest>
@@ -6,7 +7,7 @@ using namespace LinuxWifi;
 
 namespace
 {
-AccessPoint accessPoint(const char *bssid, const char *ssid, bool joined = false)
+AccessPoint accessPoint(const char *bssid, const char *ssid)
 {
     AccessPoint result;
     result.bssid = QString::fromLatin1(bssid);
@@ -14,20 +15,19 @@ AccessPoint accessPoint(const char *bssid, const char *ssid, bool joined = false
     result.security = QStringLiteral("WPA2-PSK");
     result.channel = 36;
     result.signal = -57;
-    result.joined = joined;
     return result;
 }
 
-StationLink link(const char *address, std::optional<int> signal, std::optional<int> rate)
+QString value(const ScanMap &map, const char *key)
 {
-    return {QString::fromLatin1(address), signal, rate};
+    return map.value(QLatin1String(key));
 }
 
 QStringList values(const QList<ScanMap> &maps, const char *key)
 {
     QStringList result;
     for (const ScanMap &map : maps)
-        result.append(map.value(QString::fromLatin1(key)));
+        result.append(value(map, key));
     return result;
 }
 } // namespace
@@ -39,14 +39,14 @@ class TestScanMaps : public QObject
 private slots:
     void nothingGivesNothing();
     void mapHoldsEveryKey();
-    void orderIsKeptButTheJoinedComesFirst();
+    void orderIsKeptAndOneIsJoined();
+    void kernelsMarksDoNotCount();
     void linkGivesSignalAndRateOfTheJoined();
     void cachedSignalServesWithoutALink();
-    void linkOfAnUnjoinedNetworkIsIgnored();
+    void linkOfNobodyIsIgnored();
     void missingSignalIsTheBottomOfTheScale();
-    void severalJoinedAreMarkedOnce();
-    void linkOfSeveralRadiosHasItsOwnAddress();
-    void hiddenJoinedNetworkIsNamed();
+    void oneOfSeveralLinksGivesItsOwnValues();
+    void hiddenNetworkIsNamedByItsAddress();
 };
 
 void TestScanMaps::nothingGivesNothing()
@@ -66,42 +66,52 @@ void TestScanMaps::mapHoldsEveryKey()
     QCOMPARE(maps, QList<ScanMap>{expected});
 }
 
-void TestScanMaps::orderIsKeptButTheJoinedComesFirst()
+void TestScanMaps::orderIsKeptAndOneIsJoined()
 {
-    const QList<ScanMap> maps = scanMaps({accessPoint("b3", "A"), accessPoint("b1", "B"),
-                                             accessPoint("b2", "A", true), accessPoint("b0", "C")},
-        {}, {});
-    QCOMPARE(values(maps, "bssid"), (QStringList{QStringLiteral("b2"), QStringLiteral("b3"),
-                                        QStringLiteral("b1"), QStringLiteral("b0")}));
+    const QList<ScanMap> maps =
+        scanMaps({accessPoint("b3", "A"), accessPoint("b1", "B"), accessPoint("b2", "A")},
+            QStringLiteral("b2"), {});
+    QCOMPARE(values(maps, "bssid"),
+        (QStringList{QStringLiteral("b3"), QStringLiteral("b1"), QStringLiteral("b2")}));
+    QCOMPARE(values(maps, "current_connected"),
+        (QStringList{QStringLiteral("0"), QStringLiteral("0"), QStringLiteral("1")}));
+}
+
+void TestScanMaps::kernelsMarksDoNotCount()
+{
+    AccessPoint marked = accessPoint("b1", "A");
+    marked.joined = true;
+    const QList<ScanMap> maps =
+        scanMaps({marked, accessPoint("b2", "A")}, QStringLiteral("b2"), {});
     QCOMPARE(
-        values(maps, "current_connected"), (QStringList{QStringLiteral("1"), QStringLiteral("0"),
-                                               QStringLiteral("0"), QStringLiteral("0")}));
+        values(maps, "current_connected"), (QStringList{QStringLiteral("0"), QStringLiteral("1")}));
 }
 
 void TestScanMaps::linkGivesSignalAndRateOfTheJoined()
 {
-    const QList<ScanMap> maps = scanMaps({accessPoint("b1", "A"), accessPoint("b2", "B", true)},
-        {link("other", -20, 1), link("b2", -61, 234)}, {});
-    QCOMPARE(maps.first().value(QStringLiteral("WLAN_NETWORK_SIGNAL")), QStringLiteral("-61"));
-    QCOMPARE(maps.first().value(QStringLiteral("link_rate")), QStringLiteral("234"));
-    QCOMPARE(maps.last().value(QStringLiteral("WLAN_NETWORK_SIGNAL")), QStringLiteral("-57"));
-    QVERIFY(!maps.last().contains(QStringLiteral("link_rate")));
+    const QList<ScanMap> maps = scanMaps({accessPoint("b1", "A"), accessPoint("b2", "B")},
+        QStringLiteral("b2"), stationLink("b2", -61, 234));
+    QCOMPARE(value(maps.last(), "WLAN_NETWORK_SIGNAL"), QStringLiteral("-61"));
+    QCOMPARE(value(maps.last(), "link_rate"), QStringLiteral("234"));
+    QCOMPARE(value(maps.first(), "WLAN_NETWORK_SIGNAL"), QStringLiteral("-57"));
+    QVERIFY(!maps.first().contains(QStringLiteral("link_rate")));
 }
 
 void TestScanMaps::cachedSignalServesWithoutALink()
 {
-    const QList<ScanMap> none = scanMaps({accessPoint("b1", "A", true)}, {}, {});
-    QCOMPARE(none.first().value(QStringLiteral("WLAN_NETWORK_SIGNAL")), QStringLiteral("-57"));
-    QVERIFY(!none.first().contains(QStringLiteral("link_rate")));
-    const QList<ScanMap> empty = scanMaps({accessPoint("b1", "A", true)}, {link("b1", {}, {})}, {});
-    QCOMPARE(empty.first().value(QStringLiteral("WLAN_NETWORK_SIGNAL")), QStringLiteral("-57"));
-    QVERIFY(!empty.first().contains(QStringLiteral("link_rate")));
+    for (const std::optional<StationLink> &link :
+        {std::optional<StationLink>(), std::make_optional(stationLink("b1", {}, {}))}) {
+        const QList<ScanMap> maps = scanMaps({accessPoint("b1", "A")}, QStringLiteral("b1"), link);
+        QCOMPARE(value(maps.first(), "WLAN_NETWORK_SIGNAL"), QStringLiteral("-57"));
+        QVERIFY(!maps.first().contains(QStringLiteral("link_rate")));
+    }
 }
 
-void TestScanMaps::linkOfAnUnjoinedNetworkIsIgnored()
+void TestScanMaps::linkOfNobodyIsIgnored()
 {
-    const QList<ScanMap> maps = scanMaps({accessPoint("b1", "A")}, {link("b1", -20, 300)}, {});
-    QCOMPARE(maps.first().value(QStringLiteral("WLAN_NETWORK_SIGNAL")), QStringLiteral("-57"));
+    const QList<ScanMap> maps =
+        scanMaps({accessPoint("b1", "A")}, QString(), stationLink("b1", -20, 300));
+    QCOMPARE(value(maps.first(), "WLAN_NETWORK_SIGNAL"), QStringLiteral("-57"));
     QVERIFY(!maps.first().contains(QStringLiteral("link_rate")));
 }
 
@@ -113,34 +123,24 @@ void TestScanMaps::missingSignalIsTheBottomOfTheScale()
         QStringList{QStringLiteral("-100")});
 }
 
-void TestScanMaps::severalJoinedAreMarkedOnce()
+void TestScanMaps::oneOfSeveralLinksGivesItsOwnValues()
 {
-    const QVector<AccessPoint> both{
-        accessPoint("b1", "A", true), accessPoint("b2", "A", true), accessPoint("b3", "C")};
-    const QList<ScanMap> first = scanMaps(both, {}, {});
-    QCOMPARE(values(first, "bssid").first(), QStringLiteral("b1"));
-    QCOMPARE(values(first, "current_connected").count(QStringLiteral("1")), 1);
-    const QList<ScanMap> linked = scanMaps(both, {link("b2", -50, 100)}, {});
-    QCOMPARE(values(linked, "bssid").first(), QStringLiteral("b2"));
-    QCOMPARE(values(linked, "current_connected").count(QStringLiteral("1")), 1);
+    AccessPoint joined = accessPoint("b1", "A");
+    joined.linkId = 1;
+    StationLink link = stationLink("mld", -70, 400);
+    link.byLink.insert(0, stationLink("", -30, 10));
+    link.byLink.insert(1, stationLink("", -44, {}));
+    const QList<ScanMap> maps = scanMaps({joined}, QStringLiteral("b1"), link);
+    QCOMPARE(value(maps.first(), "WLAN_NETWORK_SIGNAL"), QStringLiteral("-44"));
+    QCOMPARE(value(maps.first(), "link_rate"), QStringLiteral("400"));
 }
 
-void TestScanMaps::linkOfSeveralRadiosHasItsOwnAddress()
+void TestScanMaps::hiddenNetworkIsNamedByItsAddress()
 {
     const QList<ScanMap> maps =
-        scanMaps({accessPoint("b1", "A", true)}, {link("mld", -44, 2402)}, {});
-    QCOMPARE(maps.first().value(QStringLiteral("WLAN_NETWORK_SIGNAL")), QStringLiteral("-44"));
-    QCOMPARE(maps.first().value(QStringLiteral("link_rate")), QStringLiteral("2402"));
-}
-
-void TestScanMaps::hiddenJoinedNetworkIsNamed()
-{
-    const QString name = QStringLiteral("Secret");
-    const QList<ScanMap> maps =
-        scanMaps({accessPoint("b1", ""), accessPoint("b2", "", true)}, {}, name);
-    QCOMPARE(values(maps, "ssid"), (QStringList{name, QString()}));
-    const QList<ScanMap> named = scanMaps({accessPoint("b2", "Heard", true)}, {}, name);
-    QCOMPARE(values(named, "ssid"), QStringList{QStringLiteral("Heard")});
+        scanMaps({accessPoint("b1", ""), accessPoint("b2", "")}, QStringLiteral("b2"), {});
+    QCOMPARE(values(maps, "ssid"),
+        (QStringList{QStringLiteral("(hidden) b1"), QStringLiteral("(hidden) b2")}));
 }
 
 QTEST_GUILESS_MAIN(TestScanMaps)
