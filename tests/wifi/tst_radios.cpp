@@ -189,7 +189,7 @@ void TestRadios::switchedOffAccessPointsDisappear()
                      }),
             qPrintable(listener->name()));
     }
-    // The kernel keeps what it heard for 30 s.
+    // Two scans that did not hear them, or 90 s.
     qInfo() << "both had disappeared after" << timer.elapsed() / 1000 << "s";
     QVERIFY(Air::hwsim(QStringLiteral("station wlan0")));
     QVERIFY(Air::hwsim(QStringLiteral("start home5 office")));
