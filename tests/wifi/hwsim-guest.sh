@@ -191,11 +191,34 @@ air_up() {
 
 # --- the client's side -----------------------------------------------------
 
-# nm_up: a system bus and NetworkManager, which manages wlan0 only
-nm_up() {
-    mkdir -p /run/dbus /run/NetworkManager/conf.d /etc/NetworkManager/system-connections
-    mount -t tmpfs -o mode=0700 tmpfs /etc/NetworkManager/system-connections   # none of this machine's
+# Which programs manage wlan0 is hwsim-vm.sh's option; each leaves wlan1 alone.
+
+# managers_up: the system bus and what the option names
+managers_up() {
     [ -s /etc/machine-id ] || dbus-uuidgen --ensure=/etc/machine-id
+    mkdir -p /run/dbus
+    case $MANAGER in nm*) nm_prepare ;; esac
+    bus_start
+    # started here: D-Bus's own launcher cannot be read when qemu is not run by root
+    case $MANAGER in nm*) /usr/lib/polkit-1/polkitd --no-debug > $RUN/polkitd.log 2>&1 & ;; esac
+    case $MANAGER in
+        nm|connman) wpa_supplicant -B -u -O $RUN/wpa -f $RUN/wpa.log ;;
+        nm-iwd)     iwd_start && echo "$(<$RUN/manager.pid)" > $RUN/iwd.pid ;;
+    esac
+    case $MANAGER in nm*) udevadm settle --timeout=20 || true ;; esac
+    [ "$MANAGER" = bus ] || manager_start
+    log "the system bus is up, wlan0 is managed by ${MANAGER/bus/nobody}"
+}
+
+bus_start() { dbus-daemon --system --fork --nopidfile --print-pid > $RUN/bus.pid; }
+
+manager_start() {
+    case $MANAGER in nm*) nm_start ;; *) "${MANAGER}_start" ;; esac
+}
+
+nm_prepare() {
+    mkdir -p /run/NetworkManager/conf.d /etc/NetworkManager/system-connections
+    mount -t tmpfs -o mode=0700 tmpfs /etc/NetworkManager/system-connections   # none of this machine's
     cat > /run/NetworkManager/conf.d/hwsim.conf <<EOF
 [main]
 plugins=keyfile
@@ -210,22 +233,80 @@ enabled=false
 [device-hwsim]
 wifi.scan-rand-mac-address=no
 EOF
+    [ "$MANAGER" = nm ] || echo 'wifi.backend=iwd' >> /run/NetworkManager/conf.d/hwsim.conf
     # NetworkManager waits for udev to have seen an interface
     /lib/systemd/systemd-udevd --daemon
     udevadm trigger --action=add --subsystem-match=net --subsystem-match=rfkill
-    dbus-daemon --system --fork --nopidfile
-    # started here: D-Bus's own launcher cannot be read when qemu is not run by root
-    /usr/lib/polkit-1/polkitd --no-debug > $RUN/polkitd.log 2>&1 &
-    wpa_supplicant -B -u -O $RUN/wpa -f $RUN/wpa.log
-    udevadm settle --timeout=20 || true
-    nm_start
-    log "NetworkManager manages wlan0"
 }
 
 nm_start() {
-    NetworkManager --debug --log-level=INFO >> $RUN/nm.log 2>&1 & echo $! > $RUN/nm.pid
+    NetworkManager --debug --log-level=INFO >> $RUN/nm.log 2>&1 & echo $! > $RUN/manager.pid
     nm_ready() { [ "$(nmcli -t -g GENERAL.STATE device show wlan0)" = '30 (disconnected)' ]; }
     wait_for 60 nm_ready || { log "NetworkManager does not manage wlan0"; nmcli device >&2 || true; tail -n 30 $RUN/nm.log >&2; return 1; }
+}
+
+# iwd_start: it makes wlan0 anew, under another index
+iwd_start() {
+    mkdir -p /var/lib/iwd
+    mountpoint -q /var/lib/iwd || mount -t tmpfs -o mode=0700 tmpfs /var/lib/iwd
+    /usr/libexec/iwd -p "$(<$RUN/phy.wlan0)" >> $RUN/iwd.log 2>&1 & echo $! > $RUN/manager.pid
+    iwd_ready() { [[ $(iwctl station list) == *wlan0* ]]; }
+    wait_for 60 iwd_ready || { log "iwd does not manage wlan0"; tail -n 30 $RUN/iwd.log >&2; return 1; }
+}
+
+wpa_start() {
+    printf '%s\n' "ctrl_interface=$RUN/wpa" "country=$AP_COUNTRY" sae_pwe=2 > $RUN/wpa.conf
+    wpa_supplicant -B -u -i wlan0 -D nl80211 -c $RUN/wpa.conf -P $RUN/manager.pid -f $RUN/wpa.log >/dev/null
+    wpa_ready() { wpa_cli -p $RUN/wpa -i wlan0 ping; }
+    wait_for 60 wpa_ready || { log "wpa_supplicant does not manage wlan0"; tail -n 30 $RUN/wpa.log >&2; return 1; }
+}
+
+connman_start() {
+    mkdir -p /var/lib/connman
+    mountpoint -q /var/lib/connman || mount -t tmpfs -o mode=0700 tmpfs /var/lib/connman
+    connmand -n -r -i wlan0 >> $RUN/connman.log 2>&1 & echo $! > $RUN/manager.pid
+    connman_ready() { connmanctl enable wifi || true; [[ $(connmanctl technologies) == *'Type = wifi'*'Powered = True'* ]]; }
+    wait_for 60 connman_ready || { log "ConnMan does not manage wlan0"; connmanctl technologies >&2; tail -n 30 $RUN/connman.log >&2; return 1; }
+}
+
+# run_control FILE START stop|start|halt|resume: on the program whose pid is in FILE
+run_control() {
+    case $3 in
+        stop)   end_pid "$1" ;;
+        start)  "$2" ;;
+        halt)   kill -STOP "$(<"$1")" ;;
+        resume) kill -CONT "$(<"$1")" ;;
+        *) return 2 ;;
+    esac
+}
+
+# managed_station [NAME]: whoever manages wlan0 joins that access point, or leaves
+managed_station() {
+    local net password=()
+    wpa() { wpa_cli -p $RUN/wpa -i wlan0 "$@"; }
+    if [ $# = 0 ]; then
+        case $MANAGER in
+            nm*) nmcli device disconnect wlan0 ;;
+            iwd) iwctl station wlan0 disconnect ;;
+            wpa) wpa remove_network all ;;
+        esac >/dev/null
+        return
+    fi
+    ap_find "$1"
+    case $MANAGER in
+        nm*) [ "$sec" = open ] || password=(password "$AP_PASS")
+             try() { nmcli device wifi connect "$(printf %b "$ssid")" bssid "$bssid" "${password[@]}"; } ;;
+        iwd) [ "$sec" = open ] || password=(--passphrase "$AP_PASS")
+             # (it knows those that it has heard, so a scan comes first; by name: it chooses the BSSID)
+             try() { iwctl "${password[@]}" station wlan0 connect "$(printf %b "$ssid")" && return; iwctl station wlan0 scan; sleep 2; false; } ;;
+        wpa) wpa remove_network all >/dev/null
+             net=$(wpa add_network)
+             station_network | while IFS='=' read -r key value; do wpa set_network "$net" "$key" "$value" >/dev/null; done
+             wpa enable_network "$net" >/dev/null
+             try() { [[ $(wpa status) == *wpa_state=COMPLETED* ]]; } ;;
+        *) echo "hwsim: $MANAGER is not asked to join" >&2; return 1 ;;
+    esac
+    wait_for 60 try || { echo "hwsim: $MANAGER did not join $name" >&2; try >&2; return 1; }
 }
 
 # session_up UID NAME: what systemd-logind would have written for somebody who
@@ -243,15 +324,33 @@ session_up() {
     echo $BASHPID > "/sys/fs/cgroup/user.slice/user-$1.slice/session-1.scope/cgroup.procs"
 }
 
+# user_make USER, unless there is one (useradd would want to read /etc/shadow)
+user_make() {
+    local uid
+    if getent passwd "$1" >/dev/null; then return; fi
+    uid=$((4200 + $(wc -l < /etc/passwd)))
+    echo "$1:x:$uid:$uid::/nonexistent:/bin/sh" >> /etc/passwd
+    echo "$1:x:$uid:" >> /etc/group
+}
+
+# user_group USER GROUP: make it a member
+user_group() {
+    local line lines=
+    user_make "$1"
+    getent group "$2" >/dev/null || echo "$2:x:$((4200 + $(wc -l < /etc/group))):" >> /etc/group
+    while IFS= read -r line; do
+        [[ $line != "$2":* ]] || { [[ $line == *: ]] || line+=,; line+=$1; }
+        lines+=$line$'\n'
+    done < /etc/group
+    printf %s "$lines" > /etc/group
+}
+
 # as_user [--session] USER COMMAND...
 as_user() {
     local session=0 user uid
     [ "$1" != --session ] || { session=1; shift; }
     user=$1; shift
-    getent passwd "$user" >/dev/null || {      # (useradd would want to read /etc/shadow)
-        uid=$((4200 + $(wc -l < /etc/passwd)))
-        echo "$user:x:$uid:$uid::/nonexistent:/bin/sh" >> /etc/passwd
-        echo "$user:x:$uid:" >> /etc/group; }
+    user_make "$user"
     uid=$(id -u "$user")
     mkdir -p "$RUN/home.$user" "/run/user/$uid"
     chown "$user:" "$RUN/home.$user" "/run/user/$uid"
@@ -261,24 +360,29 @@ as_user() {
         env HOME="$RUN/home.$user" USER="$user" LOGNAME="$user" XDG_RUNTIME_DIR="/run/user/$uid" "$@"
 }
 
-# station IFACE [NAME]: join that access point with wpa_supplicant; no NAME: leave
+# station_network: a network block for the access point that ap_find found
+station_network() {
+    printf '%s\n' "ssid=P\"$ssid\"" "bssid=$bssid" scan_ssid=1 "scan_freq=$freq"
+    case $sec in
+        open) echo key_mgmt=NONE ;;
+        owe)  printf '%s\n' key_mgmt=OWE ieee80211w=2 ;;
+        wpa1|wpa2) printf '%s\n' key_mgmt=WPA-PSK "psk=\"$AP_PASS\"" ;;
+        sae|mixed) printf '%s\n' key_mgmt=SAE ieee80211w=2 "sae_password=\"$AP_PASS\"" ;;
+    esac
+}
+
+# station IFACE [NAME]: join that access point; no NAME: leave
 station() {
     local dev=$1 conf=$RUN/station.$1.conf
+    case $dev:$MANAGER in
+        wlan0:|wlan0:bus|wlan[!0]:*) ;;
+        *) shift; managed_station "$@"; return ;;
+    esac
     end_pid "$RUN/station.$dev.pid"
     ip address flush dev "$dev"
     [ $# -gt 1 ] || return 0
     ap_find "$2"
-    {
-        printf '%s\n' "ctrl_interface=$RUN/wpa" "country=$AP_COUNTRY" sae_pwe=2 'network={' "ssid=P\"$ssid\"" \
-            "bssid=$bssid" scan_ssid=1 "scan_freq=$freq"
-        case $sec in
-            open) echo key_mgmt=NONE ;;
-            owe)  printf '%s\n' key_mgmt=OWE ieee80211w=2 ;;
-            wpa1|wpa2) printf '%s\n' key_mgmt=WPA-PSK "psk=\"$AP_PASS\"" ;;
-            sae|mixed) printf '%s\n' key_mgmt=SAE ieee80211w=2 "sae_password=\"$AP_PASS\"" ;;
-        esac
-        echo '}'
-    } > "$conf"
+    printf '%s\n' "ctrl_interface=$RUN/wpa" "country=$AP_COUNTRY" sae_pwe=2 'network={' "$(station_network)" '}' > "$conf"
     wpa_supplicant -B -i "$dev" -D nl80211 -c "$conf" -P "$RUN/station.$dev.pid" -f "$RUN/station.$dev.log" >/dev/null
     joined() { [[ $(wpa_cli -p "$RUN/wpa" -i "$dev" status) == *wpa_state=COMPLETED* ]]; }
     wait_for 40 joined || { echo "hwsim: $dev did not join $name:" >&2; tail -n 15 "$RUN/station.$dev.log" >&2; return 1; }
@@ -306,7 +410,9 @@ control() {
         unplug)  [ -e /run/netns/drawer ] || ip netns add drawer
                  iw phy "$(<"$RUN/phy.$1")" set netns name drawer ;;
         plug)    ip netns exec drawer iw phy "$(<"$RUN/phy.$1")" set netns 1; ip link set "$1" up ;;
-        nm)      case $1 in stop) end_pid $RUN/nm.pid ;; start) nm_start ;; esac ;;
+        nm|manager) run_control $RUN/manager.pid manager_start "$1" ;;
+        bus)     run_control $RUN/bus.pid bus_start "$1" ;;
+        group)   user_group "$@" ;;
         as)      as_user "$@" ;;
         *) echo 'usage: hwsim list | stop NAME... | start [NAME...] | signal NAME DBM | station IFACE [NAME]' \
                '| block IFACE | unblock IFACE | unplug IFACE | plug IFACE | nm stop | nm start' \
@@ -328,7 +434,7 @@ guest() {
     : > $CTL/alive
     export PATH=$RUN/bin:/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin
     export HOME=$RUN/home LANG=C.UTF-8 TERM=dumb HWSIM=1
-    . $CTL/config                      # NM CWD
+    . $CTL/config                      # MANAGER CWD
     log "guest up, $(uname -r)"
     mkdir -p $RUN/bin $RUN/home "/lib/modules/$(uname -r)" /dev/pts /dev/shm
     mount --bind /run/modules "/lib/modules/$(uname -r)"
@@ -342,7 +448,7 @@ guest() {
     printf '#!/bin/sh\nexec bash %s/guest.sh --control "$@"\n' $CTL > $RUN/bin/hwsim
     chmod 755 $RUN/bin/hwsim
     air_up
-    [ "$NM" = 0 ] || nm_up
+    [ -z "$MANAGER" ] || managers_up
 
     local -a cmd=() env=()
     local rc c1 c2
@@ -366,5 +472,5 @@ guest() {
 
 case ${1-} in
     --guest)  ap_read; guest ;;
-    --control) shift; ap_read; control "$@" ;;
+    --control) shift; . $CTL/config; ap_read; control "$@" ;;
 esac

@@ -15,6 +15,12 @@
 #   --timeout S     kill the machine after S seconds, boot included (default 300)
 #   --nm            start udev, D-Bus, polkit, wpa_supplicant and NetworkManager,
 #                   which manages wlan0 (and leaves wlan1 alone)
+#   --nm-iwd        the same with iwd instead of wpa_supplicant
+#   --iwd, --wpa, --connman   start D-Bus and iwd, wpa_supplicant or ConnMan (over
+#                   wpa_supplicant), which manages wlan0 and leaves wlan1 alone;
+#                   Debian's rules let root and the group netdev talk to the first
+#                   two, and everybody to ConnMan
+#   --bus           start D-Bus and nobody who manages wlan0
 #   --env NAME[=V]  hand an environment variable to COMMAND (repeatable)
 #   --accel A       auto (default), kvm or tcg;   --smp N (2);   --memory MIB (1024)
 #   --verbose       also show the guest's console on stderr
@@ -30,17 +36,24 @@
 #   hwsim stop NAME...                take access points off the air
 #   hwsim start [NAME...]             put them (no NAME: all) on the air, anew
 #   hwsim signal NAME DBM             how strong it is heard, -100 .. -1 (until stopped)
-#   hwsim station IFACE [NAME]        join with wpa_supplicant (no NAME: leave)
+#   hwsim station IFACE [NAME]        join (no NAME: leave), with wpa_supplicant; where
+#                                     wlan0 has a manager, that joins (ConnMan cannot)
 #   hwsim block IFACE | unblock IFACE that radio's rfkill soft switch
 #   hwsim unplug IFACE | plug IFACE   the radio leaves the machine / comes back
-#   hwsim nm stop | start             NetworkManager
+#   hwsim manager stop | start | halt | resume   whoever manages wlan0 ends, begins,
+#                                     is there but does nothing (SIGSTOP), goes on;
+#                                     `hwsim nm ...` is the same
+#   hwsim bus stop | start | halt | resume       the system bus
+#   hwsim group USER GROUP            USER (made if need be) is in GROUP from the next
+#                                     `hwsim as USER` on
 #   hwsim as [--session] USER COMMAND run COMMAND as USER (made if it does not exist);
 #                                     with --session polkit sees USER in an active local
 #                                     session, as on a desktop, otherwise as over ssh
 # Logs and settings: /run/hwsim/NAME.{log,conf}, nm.log, station.IFACE.log.
 #
 # Debian packages: qemu-system-x86 busybox-static kmod iproute2 iw hostapd
-# wpasupplicant wireless-regdb; for --nm also network-manager dbus polkitd udev.
+# wpasupplicant wireless-regdb; for --nm also network-manager dbus polkitd udev; for
+# the others also dbus and iwd or connman.
 # No root is needed.  The kernel package is downloaded once with `apt-get
 # download` and not installed; the few parts used (16 MB) are kept in
 # ${HWSIM_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/hwsim-vm}.  Delete that folder
@@ -65,12 +78,13 @@ check_host() {
     need setpriv util-linux
     { [ -f /bin/busybox ] && ! head -c 4096 /bin/busybox | LC_ALL=C grep -qa ld-linux; } || miss+=(busybox-static)
     [ -e /lib/firmware/regulatory.db ] || miss+=(wireless-regdb)
-    if [ "$NM" = 1 ]; then
+    [ -z "$MANAGER" ] || need dbus-daemon dbus
+    case $MANAGER in nm*)
         need NetworkManager network-manager
-        need dbus-daemon dbus
         need /usr/lib/polkit-1/polkitd polkitd
-        need /lib/systemd/systemd-udevd udev
-    fi
+        need /lib/systemd/systemd-udevd udev ;;
+    esac
+    case $MANAGER in *iwd) need /usr/libexec/iwd iwd ;; connman) need connmand connman ;; esac
     [ -e "$CACHE/ready" ] || [ -n "${HWSIM_KERNEL_DEB:-}" ] || need apt-get apt
     [ ${#miss[@]} = 0 ] || die "this machine lacks these Debian packages: ${miss[*]}" 77
 }
@@ -187,7 +201,7 @@ run_qemu() {
 }
 
 main() {
-    TIMEOUT=300 NM=0 ACCEL=auto SMP=2 MEM=1024 VERBOSE=0
+    TIMEOUT=300 MANAGER= ACCEL=auto SMP=2 MEM=1024 VERBOSE=0
     local -a env=()
     local check=0
     while [ $# -gt 0 ]; do
@@ -195,7 +209,7 @@ main() {
             --timeout|--env|--accel|--smp|--memory)
                 [ $# -gt 1 ] || die "$1 wants a value" 2 ;;&
             --timeout) TIMEOUT=$2; shift ;;
-            --nm)      NM=1 ;;
+            --nm|--nm-iwd|--iwd|--wpa|--connman|--bus) MANAGER=${1#--} ;;
             --env)     case $2 in *=*) env+=("$2") ;; *) env+=("$2=${!2-}") ;; esac; shift ;;
             --accel)   ACCEL=$2; shift ;;
             --smp)     SMP=$2; shift ;;
@@ -224,7 +238,7 @@ main() {
     cp "$(dirname "$0")/hwsim-guest.sh" "$WORK/ctl/guest.sh"
     printf '%s\0' "$@" > "$WORK/ctl/argv"
     : > "$WORK/ctl/env"; [ ${#env[@]} = 0 ] || printf '%s\0' "${env[@]}" > "$WORK/ctl/env"
-    printf '%s=%q\n' NM $NM CWD "$PWD" > "$WORK/ctl/config"
+    printf '%s=%q\n' MANAGER "$MANAGER" CWD "$PWD" > "$WORK/ctl/config"
     make_initrd "$WORK/initrd.img"
 
     local accel=$ACCEL end
