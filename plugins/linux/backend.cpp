@@ -13,6 +13,7 @@ namespace
 {
 // Somebody scans with an interface when a scan of it is not longer ago than this.
 const qint64 ScannedWithinMs = 60000;
+const qint64 LookAgainMs = 10000;
 
 /// A joined network that hides its name may stand without it in the kernel's list.
 void nameJoined(QVector<AccessPoint> &accessPoints, const QString &name)
@@ -164,17 +165,18 @@ std::optional<WifiInterface> Backend::best(QVector<InterfaceCandidate> candidate
 bool Backend::scanned(int index)
 {
     const qint64 now = m_clock();
-    const auto ended = m_scanned.constFind(index);
-    if (ended != m_scanned.constEnd() && now - ended.value() < ScannedWithinMs)
-        return true;
-    QVector<AccessPoint> accessPoints;
-    m_kernel.accessPoints(index, accessPoints);
-    return std::any_of(
-        accessPoints.cbegin(), accessPoints.cend(), [now](const AccessPoint &accessPoint) {
-            const qint64 age =
-                accessPoint.heardAt ? now - *accessPoint.heardAt : accessPoint.age.value_or(0);
-            return age < ScannedWithinMs;
-        });
+    Scanned &scanned = m_scanned[index];
+    // Scans from before the first query were not told.
+    if (now - scanned.at >= ScannedWithinMs && now - scanned.lookedAt >= LookAgainMs) {
+        scanned.lookedAt = now;
+        QVector<AccessPoint> accessPoints;
+        m_kernel.accessPoints(index, accessPoints);
+        for (const AccessPoint &accessPoint : qAsConst(accessPoints)) {
+            const qint64 heardAt = accessPoint.heardAt.value_or(now - accessPoint.age.value_or(0));
+            scanned.at = std::max(scanned.at, heardAt);
+        }
+    }
+    return now - scanned.at < ScannedWithinMs;
 }
 
 std::optional<WifiInterface> Backend::chooseInterface(const QString &name)
@@ -210,13 +212,15 @@ void Backend::takeFinishedScans()
 {
     const QVector<FinishedScan> scans = m_events.take();
     for (const FinishedScan &scan : scans) {
-        m_starter.finished(scan);
-        m_scanned.insert(scan.index, scan.finishedAt);
+        m_scanned[scan.index].at = scan.finishedAt;
         const auto air = m_air.find(scan.index);
         if (!scan.read || air == m_air.end())
             continue;
         air->table.heard(scan.heard, scan.finishedAt);
         air->table.finished(scan);
+        // One of a few channels, for a known network's sake, makes no other superfluous.
+        if (air->table.coveredBy(scan.frequencies))
+            m_starter.finished(scan);
     }
 }
 

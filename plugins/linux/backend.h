@@ -9,6 +9,8 @@
 #include "linux/scanstarter.h"
 #include "scan/wifiapiinterface.h"
 
+#include <limits>
+
 namespace LinuxWifi
 {
 
@@ -53,6 +55,12 @@ private:
         LinkTraffic traffic;
     };
 
+    /// When something was heard with an interface last, ms, and when that was looked up.
+    struct Scanned {
+        qint64 at = std::numeric_limits<int>::min();
+        qint64 lookedAt = std::numeric_limits<int>::min();
+    };
+
     bool readInterfaces(QVector<InterfaceCandidate> &candidates);
     std::optional<WifiInterface> chooseInterface(const QString &name);
     std::optional<WifiInterface> best(QVector<InterfaceCandidate> candidates);
@@ -68,10 +76,10 @@ private:
     ProblemReporter m_reporter;
     ScanStarter m_starter;
     InterfaceChoice m_choice;
-    QHash<int, Air> m_air;        ///< By interface.
-    QHash<int, qint64> m_scanned; ///< When a scan ended last, by interface.
-    bool m_answering = false;     ///< The last query succeeded.
-    bool m_vanished = false;      ///< Since then there was a time without any interface.
+    QHash<int, Air> m_air;         ///< By interface.
+    QHash<int, Scanned> m_scanned; ///< By interface.
+    bool m_answering = false;      ///< The last query succeeded.
+    bool m_vanished = false;       ///< Since then there was a time without any interface.
 };
 
 } // namespace LinuxWifi

@@ -82,6 +82,12 @@ void HeardTable::finished(const FinishedScan &scan)
     }
 }
 
+bool HeardTable::coveredBy(const QVector<int> &frequencies) const
+{
+    return std::all_of(m_records.cbegin(), m_records.cend(),
+        [&](const Record &record) { return frequencies.contains(record.accessPoint.frequency); });
+}
+
 QVector<AccessPoint> HeardTable::records(qint64 now) const
 {
     QVector<AccessPoint> records;

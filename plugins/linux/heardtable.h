@@ -30,6 +30,9 @@ public:
     /// Judges the records by a scan that has finished, after heard() had the list that it left.
     void finished(const FinishedScan &scan);
 
+    /// Whether a scan of these frequencies could hear whatever is known.
+    bool coveredBy(const QVector<int> &frequencies) const;
+
     /// What is in the air, in no order, the joined ones as the last list said.
     QVector<AccessPoint> records(qint64 now) const;
 

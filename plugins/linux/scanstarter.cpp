@@ -52,15 +52,18 @@ void ScanStarter::finished(const FinishedScan &scan)
 bool ScanStarter::scan(
     const WifiInterface &interface, ScanTriggerPolicy::Use use, std::optional<qint64> running)
 {
-    if (running && m_clock() - *running < LongestScanMs) {
-        m_policy.startedAt(interface.index, *running);
+    if (running && m_clock() - *running < LongestScanMs)
         return true;
-    }
     if (!m_policy.due(interface.index, use))
         return true;
     if (m_mayTrigger) {
         const int error = m_kernel.triggerScan(interface.index);
-        if (error == 0 || error == EBUSY) {
+        // Somebody's scan is running, perhaps of one channel only: once more with the next query.
+        if (error == EBUSY) {
+            m_reporter.resolved(Topic::Scan);
+            return true;
+        }
+        if (error == 0) {
             m_policy.started(interface.index);
             m_policy.accepted(interface.index);
             m_reporter.resolved(Topic::Scan);

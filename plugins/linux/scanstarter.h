@@ -19,7 +19,7 @@ public:
 
     /// What came of the last request. To be called before each query.
     void takeAnswer();
-    /// Somebody has scanned.
+    /// Somebody has scanned all that matters.
     void finished(const FinishedScan &scan);
     /// Starts a scan if it is due; `running` is when the one that is still running was started.
     /// False when the kernel refuses.

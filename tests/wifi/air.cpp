@@ -105,8 +105,8 @@ QString Air::difference(const QVector<Station> &stations, const QVector<QJsonObj
                                    QStringLiteral(" is \"") + text(map, key) +
                                    QStringLiteral("\", not \"") + expected + QLatin1Char('"'));
         };
-        check("ssid", station.ssid.isEmpty() ? QStringLiteral("(hidden) ") + station.bssid
-                                             : station.ssid);
+        check("ssid",
+            station.ssid.isEmpty() ? QStringLiteral("(hidden) ") + station.bssid : station.ssid);
         check("channel", QString::number(station.channel));
         check("security_mode", station.security);
         const int signal = text(map, "WLAN_NETWORK_SIGNAL").toInt();

@@ -21,12 +21,16 @@ Companion::Companion(const QString &user, bool session)
 
 Companion::~Companion()
 {
-    if (m_process.state() == QProcess::NotRunning)
+    if (m_process.state() == QProcess::NotRunning || end())
         return;
-    m_process.closeWriteChannel();
-    if (!m_process.waitForFinished(2000))
-        m_process.kill();
+    m_process.kill();
     m_process.waitForFinished();
+}
+
+bool Companion::end()
+{
+    m_process.closeWriteChannel();
+    return m_process.waitForFinished(5000) && m_process.exitStatus() == QProcess::NormalExit;
 }
 
 bool Companion::start(const QString &program, const QStringList &arguments)

@@ -15,6 +15,8 @@ public:
     ~Companion();
 
     bool start(const QString &program, const QStringList &arguments);
+    /// Tells the program that nothing more is asked; false when it does not end by itself then.
+    bool end();
     /// Starts the listener with the Linux back end.
     bool startListener();
 

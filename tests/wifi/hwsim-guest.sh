@@ -11,7 +11,7 @@ set -euo pipefail
 #   name | SSID | band | channel | security | dBm | extras, separated by commas
 # SSID:     as in C, so that it can hold any octets ("\xff")
 # security: open owe wpa1 wpa2 mixed (WPA2+WPA3) sae (WPA3) eap (beacons only)
-# extras:   vht80 he80 he20 hidden
+# extras:   vht80 he80 he20 hidden shy (hidden with the usual beacon interval)
 # Radios 0 and 1 are the clients wlan0 and wlan1.  The access points' radios
 # follow in this order, in a network name space of their own ("aps"), so that
 # tests see just the client interfaces.  The BSSID of radio N is
@@ -65,6 +65,7 @@ end_pid() {
 ap_read() {
     local row f
     AP_ROWS=() AP_NAMES=()
+    [ ! -e $RUN/air ] || AP_TABLE=$(<$RUN/air)
     while IFS= read -r row; do
         [[ $row == *'|'* && $row != '#'* ]] || continue
         local -a fields=(); IFS='|' read -ra fields <<<"$row"
@@ -90,6 +91,23 @@ ap_find() {
         return 0
     done
     echo "hwsim: no access point called '$1'" >&2; return 1
+}
+
+# ap_change NAME FIELD VALUE: the access point is another one from its next start on
+ap_change() {
+    local row n i=-1
+    case $2 in
+        ssid) i=1 ;; band) i=2 ;; channel) i=3 ;; security) i=4 ;; extras) i=6 ;;
+        *) echo "hwsim: no field called '$2'" >&2; return 1 ;;
+    esac
+    ap_find "$1"
+    for row in "${AP_ROWS[@]}"; do
+        local -a fields=(); IFS='|' read -ra fields <<<"$row"
+        [ "${fields[0]}" != "$1" ] || fields[i]=$3
+        for n in 0 1 2 3 4 5 6; do printf '%s|' "${fields[n]-}"; done
+        echo
+    done > $RUN/air.new
+    mv $RUN/air.new $RUN/air
 }
 
 # ap_config: hostapd's settings for the access point that ap_find found
@@ -130,6 +148,7 @@ ap_config() {
         # an active scan stays 30 ms on a channel, and a hidden network does not
         # answer it: heard in each scan only with a short beacon interval
         hidden) printf '%s\n' ignore_broadcast_ssid=1 beacon_int=20 ;;
+        shy)    printf '%s\n' ignore_broadcast_ssid=1 beacon_int=100 ;;  # as most are
         *) echo "hwsim: $name: no extra called '$e'" >&2; return 1 ;;
     esac; done
 }
@@ -397,12 +416,13 @@ control() {
                 ap_find "$n"
                 up=off; [ ! -e "$RUN/$n.pid" ] || up=on
                 read -r dbm < "/sys/kernel/debug/ieee80211/$phy/hwsim/rx_rssi"
-                [[ $extra != *hidden* ]] || ssid=
+                [[ $extra != *hidden* && $extra != *shy* ]] || ssid=
                 printf '%s|%s|%s|%s|%s|%s|%s\n' "$n" $up "$bssid" "$chan" "$sec" "$dbm" "$ssid"
             done ;;
         stop)    for n; do ap_find "$n"; end_pid "$RUN/$name.pid"; done ;;
         start)   [ $# -gt 0 ] || set -- "${AP_NAMES[@]}"
                  for n; do ap_find "$n"; end_pid "$RUN/$name.pid"; ap_start; done ;;
+        change)  ap_change "$@" ;;
         signal)  ap_find "$1"; ap_signal "$2" ;;
         station) station "$@" ;;
         block)   echo 1 > "$(echo /sys/class/net/"$1"/phy80211/rfkill*/soft)" ;;
@@ -414,7 +434,8 @@ control() {
         bus)     run_control $RUN/bus.pid bus_start "$1" ;;
         group)   user_group "$@" ;;
         as)      as_user "$@" ;;
-        *) echo 'usage: hwsim list | stop NAME... | start [NAME...] | signal NAME DBM | station IFACE [NAME]' \
+        *) echo 'usage: hwsim list | stop NAME... | start [NAME...] | change NAME FIELD VALUE' \
+               '| signal NAME DBM | station IFACE [NAME]' \
                '| block IFACE | unblock IFACE | unplug IFACE | plug IFACE | nm stop | nm start' \
                '| as [--session] USER COMMAND...' >&2; return 2 ;;
     esac

@@ -35,6 +35,8 @@
 #                                     name|on or off|BSSID|channel|security|dBm|SSID
 #   hwsim stop NAME...                take access points off the air
 #   hwsim start [NAME...]             put them (no NAME: all) on the air, anew
+#   hwsim change NAME FIELD VALUE     another ssid, band, channel, security or extras (see
+#                                     hwsim-guest.sh) from its next start on
 #   hwsim signal NAME DBM             how strong it is heard, -100 .. -1 (until stopped)
 #   hwsim station IFACE [NAME]        join (no NAME: leave), with wpa_supplicant; where
 #                                     wlan0 has a manager, that joins (ConnMan cannot)
