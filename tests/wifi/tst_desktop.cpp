@@ -27,6 +27,7 @@ private slots:
     void userInSessionMakesNetworkManagerScan();
     void windowListsTheNetworks();
     void roomTestRecordsPercentAndSpeed();
+    void roamingLeavesRowsAndCurvesToTheirOwners();
     void windowRecoversWhenTheAdapterWasUnplugged();
     void blockedRadioIsSurvived();
     void stoppedNetworkManagerIsToldOnceAndSurvived();
@@ -58,6 +59,33 @@ bool setUnmanagedInterface(const char *state)
 bool shows(const QJsonObject &window, const QString &label)
 {
     return window.value(QStringLiteral("labels")).toArray().contains(label);
+}
+
+/// What belongs to which of the access points of one name in the window: rows, curves, triangles.
+QStringList ownersIn(const QJsonObject &window, const QString &ssid)
+{
+    QStringList owners;
+    for (const QJsonObject &row : networksOf(window)) {
+        if (row.value(QStringLiteral("ssid")).toString() == ssid)
+            owners.append(QStringLiteral("row \"%1\" of %2")
+                              .arg(row.value(QStringLiteral("name")).toString(),
+                                  row.value(QStringLiteral("bssid")).toString()));
+    }
+    const QJsonArray curves = window.value(QStringLiteral("curves")).toArray();
+    for (const QJsonValue &value : curves) {
+        const QJsonObject curve = value.toObject();
+        const QString name = curve.value(QStringLiteral("name")).toString();
+        const QString graph = curve.value(QStringLiteral("graph")).toString();
+        if (name.trimmed() != ssid)
+            continue;
+        QString owner = QStringLiteral("%1 \"%2\" %3")
+                            .arg(graph, name, curve.value(QStringLiteral("color")).toString());
+        if (graph != QStringLiteral("SignalTimePlot")) // where the middle moves on
+            owner += QStringLiteral(" on %1").arg(curve.value(QStringLiteral("middle")).toDouble());
+        owners.append(owner);
+    }
+    owners.sort();
+    return owners;
 }
 
 QString differenceOf(const QJsonObject &answer)
@@ -232,6 +260,32 @@ void TestDesktop::roomTestRecordsPercentAndSpeed()
     });
     QVERIFY2(tested, qPrintable(room));
     qInfo().noquote() << "room:" << room.split(QLatin1Char('\n')).join(QStringLiteral(" | "));
+}
+
+void TestDesktop::roamingLeavesRowsAndCurvesToTheirOwners()
+{
+    const QString home = QStringLiteral("Home");
+    const auto isJoinedTo = [this](const char *bssid) {
+        return until(m_desk, [bssid](const QJsonObject &answer) {
+            return joinedOf(answer).value(QStringLiteral("bssid")).toString() ==
+                   QLatin1String(bssid);
+        });
+    };
+    const QStringList before = ownersIn(m_window.next(), home);
+    qInfo().noquote() << before.join(QStringLiteral("; "));
+    QCOMPARE(before.filter(QStringLiteral("row ")).size(), 2);
+    QCOMPARE(before.filter(QStringLiteral("Signal2GPlot")).size(), 1);
+    QCOMPARE(before.filter(QStringLiteral("Signal5GPlot")).size(), 1);
+    for (const char *const station : {"home2", "home5"}) {
+        QVERIFY(Air::hwsim(QStringLiteral("station wlan0 ") + QLatin1String(station)));
+        QVERIFY(isJoinedTo(QLatin1String(station) == QLatin1String("home2") ? "02:00:00:00:02:00"
+                                                                            : "02:00:00:00:04:00"));
+        // Until the window has taken it over and drawn it: a fresh pass comes every 15 s.
+        QElapsedTimer timer;
+        timer.start();
+        while (timer.elapsed() < 25000)
+            QCOMPARE(ownersIn(m_window.next(), home), before);
+    }
 }
 
 void TestDesktop::windowRecoversWhenTheAdapterWasUnplugged()
