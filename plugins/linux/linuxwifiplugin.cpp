@@ -1,7 +1,6 @@
 #include "linux/linuxwifiplugin.h"
 
 #include "linux/boottime.h"
-#include "linux/networkmanager.h"
 
 #include <QDebug>
 
@@ -10,7 +9,7 @@ namespace LinuxWifi
 
 LinuxWifiPlugin::LinuxWifiPlugin()
     : m_watcher(m_background, bootTimeMs)
-    , m_requester([](const QString &interface) { return NetworkManager().requestScan(interface); })
+    , m_requester(m_background)
     , m_backend(m_kernel, m_requester, m_watcher, bootTimeMs,
           [](const QString &text) { qCritical().noquote() << text; })
 {

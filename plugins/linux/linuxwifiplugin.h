@@ -2,7 +2,8 @@
 #define AIRLUME_LINUX_LINUXWIFIPLUGIN_H
 
 #include "linux/backend.h"
-#include "linux/backgroundrequester.h"
+#include "linux/backgroundthread.h"
+#include "linux/managerrequester.h"
 #include "linux/nl80211kernel.h"
 #include "linux/scanwatcher.h"
 
@@ -11,8 +12,8 @@
 namespace LinuxWifi
 {
 
-/// The Linux back end: nl80211, with NetworkManager asked to scan where this user may not. Works
-/// without root. Problems are reported as critical messages, each once.
+/// The Linux back end: nl80211, with whoever manages the interface asked to scan where this user
+/// may not. Works without root. Problems are reported as critical messages, each once.
 class LinuxWifiPlugin : public QObject, public WiFiApiInterface
 {
     Q_OBJECT
@@ -38,7 +39,7 @@ private:
     Nl80211Kernel m_kernel;
     BackgroundThread m_background;
     ScanWatcher m_watcher;
-    BackgroundRequester m_requester;
+    ManagerRequester m_requester;
     Backend m_backend;
 };
 

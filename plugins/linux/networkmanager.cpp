@@ -1,89 +1,82 @@
 #include "linux/networkmanager.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
+#include "linux/buserror.h"
+
 #include <QDBusObjectPath>
-#include <QUuid>
-#include <QVariantMap>
+#include <QDBusVariant>
 
 namespace LinuxWifi
 {
 
 namespace
 {
+using Result = ScanAnswer::Result;
+
 const QString Service = QStringLiteral("org.freedesktop.NetworkManager");
 const QString ManagerPath = QStringLiteral("/org/freedesktop/NetworkManager");
-const QString ManagerInterface = QStringLiteral("org.freedesktop.NetworkManager");
+const QString DeviceInterface = QStringLiteral("org.freedesktop.NetworkManager.Device");
 const QString WirelessInterface = QStringLiteral("org.freedesktop.NetworkManager.Device.Wireless");
+const uint Unmanaged = 10; // of NMDeviceState
 
-ScanAnswer answerOf(const QDBusMessage &error)
-{
-    using Result = ScanAnswer::Result;
-    struct Meaning {
-        const char *name;
-        Result result;
-    };
-    // "No such method" is how the bus says that the adapter's object is gone.
-    static const Meaning meanings[] = {
-        {"org.freedesktop.DBus.Error.ServiceUnknown", Result::NoService},
-        {"org.freedesktop.DBus.Error.NameHasNoOwner", Result::NoService},
-        {"org.freedesktop.DBus.Error.Disconnected", Result::NoBus},
-        {"org.freedesktop.DBus.Error.AccessDenied", Result::NotPermitted},
-        {"org.freedesktop.DBus.Error.InteractiveAuthorizationRequired", Result::NotPermitted},
-        {"org.freedesktop.NetworkManager.PermissionDenied", Result::NotPermitted},
-        {"org.freedesktop.NetworkManager.Device.NotAllowed", Result::NotAvailable},
-        {"org.freedesktop.NetworkManager.UnknownDevice", Result::NoInterface},
-        {"org.freedesktop.DBus.Error.UnknownMethod", Result::NoInterface},
-        {"org.freedesktop.DBus.Error.UnknownObject", Result::NoInterface},
-        {"org.freedesktop.DBus.Error.NoReply", Result::NoReply},
-        {"org.freedesktop.DBus.Error.Timeout", Result::NoReply},
-        {"org.freedesktop.DBus.Error.TimedOut", Result::NoReply},
-    };
-    const QString detail = error.errorName() + QStringLiteral(": ") + error.errorMessage();
-    for (const Meaning &meaning : meanings) {
-        if (error.errorName() == QLatin1String(meaning.name))
-            return {meaning.result, detail};
-    }
-    if (error.errorName().startsWith(QStringLiteral("org.freedesktop.DBus.Error.Spawn.")))
-        return {Result::NoService, detail};
-    return {Result::Failed, detail};
-}
-
-ScanAnswer requestScanOver(const QDBusConnection &bus, const QString &interface, int timeoutMs)
-{
-    QDBusMessage find = QDBusMessage::createMethodCall(
-        Service, ManagerPath, ManagerInterface, QStringLiteral("GetDeviceByIpIface"));
-    find << interface;
-    const QDBusMessage found = bus.call(find, QDBus::Block, timeoutMs);
-    if (found.type() != QDBusMessage::ReplyMessage)
-        return answerOf(found);
-    const QString device = found.arguments().value(0).value<QDBusObjectPath>().path();
-
-    QDBusMessage scan = QDBusMessage::createMethodCall(
-        Service, device, WirelessInterface, QStringLiteral("RequestScan"));
-    scan << QVariantMap();
-    const QDBusMessage scanned = bus.call(scan, QDBus::Block, timeoutMs);
-    if (scanned.type() != QDBusMessage::ReplyMessage)
-        return answerOf(scanned);
-    return {ScanAnswer::Result::Accepted, {}};
-}
+const QVector<ErrorMeaning> Meanings = {
+    {"org.freedesktop.NetworkManager.PermissionDenied", Result::NotPermitted},
+    {"org.freedesktop.NetworkManager.Device.NotAllowed", Result::NotAvailable},
+    {"org.freedesktop.NetworkManager.UnknownDevice", Result::NoInterface},
+};
 } // namespace
 
-ScanAnswer NetworkManager::requestScan(const QString &interface) const
+NetworkManager::NetworkManager(BusCaller &bus, int timeoutMs)
+    : m_bus(bus)
+    , m_timeoutMs(timeoutMs)
 {
-    const QString name = QStringLiteral("airlume-scan-") + QUuid::createUuid().toString();
-    ScanAnswer answer;
-    {
-        const QDBusConnection connection =
-            bus.isEmpty() ? QDBusConnection::connectToBus(QDBusConnection::SystemBus, name)
-                          : QDBusConnection::connectToBus(bus, name);
-        if (connection.isConnected())
-            answer = requestScanOver(connection, interface, timeoutMs);
+}
+
+Manager NetworkManager::manager() const
+{
+    return Manager::NetworkManager;
+}
+
+QString NetworkManager::service() const
+{
+    return Service;
+}
+
+void NetworkManager::find(const QString &interface, QObject *context, const Found &found)
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        Service, ManagerPath, Service, QStringLiteral("GetDeviceByIpIface"));
+    call << interface;
+    m_bus.call(call, m_timeoutMs, context, [this, context, found](const QDBusMessage &reply) {
+        if (reply.type() == QDBusMessage::ReplyMessage)
+            findState(reply.arguments().value(0).value<QDBusObjectPath>().path(), context, found);
         else
-            answer = {ScanAnswer::Result::NoBus, connection.lastError().message()};
-    }
-    QDBusConnection::disconnectFromBus(name);
-    return answer;
+            found(findingOf(answerOf(reply, manager(), Meanings)));
+    });
+}
+
+void NetworkManager::findState(const QString &object, QObject *context, const Found &found)
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        Service, object, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    call << DeviceInterface << QStringLiteral("State");
+    m_bus.call(call, m_timeoutMs, context, [this, object, found](const QDBusMessage &reply) {
+        if (reply.type() != QDBusMessage::ReplyMessage)
+            found(findingOf(answerOf(reply, manager(), Meanings)));
+        else if (reply.arguments().value(0).value<QDBusVariant>().variant().toUInt() == Unmanaged)
+            found({Finding::State::Unknown, {}, {}});
+        else
+            found({Finding::State::Managed, object, {}});
+    });
+}
+
+void NetworkManager::scan(const QString &object, QObject *context, const Scanned &scanned)
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        Service, object, WirelessInterface, QStringLiteral("RequestScan"));
+    call << QVariantMap();
+    m_bus.call(call, m_timeoutMs, context, [this, scanned](const QDBusMessage &reply) {
+        scanned(answerOf(reply, manager(), Meanings));
+    });
 }
 
 } // namespace LinuxWifi

@@ -1,22 +1,29 @@
 #ifndef AIRLUME_LINUX_NETWORKMANAGER_H
 #define AIRLUME_LINUX_NETWORKMANAGER_H
 
-#include "linux/scanrequester.h"
+#include "linux/wifimanager.h"
 
 namespace LinuxWifi
 {
 
-/// NetworkManager as seen through D-Bus.
-struct NetworkManager {
-    /// Address of the message bus; empty means the system bus.
-    QString bus;
-    /// How long one call may take, in ms. NetworkManager asks polkit before it answers.
-    int timeoutMs = 5000;
+/// NetworkManager, with whichever program it has scan for it.
+class NetworkManager : public WifiManager
+{
+public:
+    /// Each call through `bus` may take `timeoutMs`. NetworkManager asks polkit before
+    /// it answers.
+    NetworkManager(BusCaller &bus, int timeoutMs);
 
-    /// Asks for a scan with the named interface and waits for the answer: up to two calls' time.
-    /// Every request has a connection of its own and looks the interface up anew, so that nothing
-    /// is left over when the bus, NetworkManager or the adapter went away and came back.
-    ScanAnswer requestScan(const QString &interface) const;
+    Manager manager() const override;
+    QString service() const override;
+    void find(const QString &interface, QObject *context, const Found &found) override;
+    void scan(const QString &object, QObject *context, const Scanned &scanned) override;
+
+private:
+    void findState(const QString &object, QObject *context, const Found &found);
+
+    BusCaller &m_bus;
+    const int m_timeoutMs;
 };
 
 } // namespace LinuxWifi

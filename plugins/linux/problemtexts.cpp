@@ -49,6 +49,49 @@ QString withoutScans(const QString &what, const QString &help)
     return QStringLiteral("%1 The networks that the system itself hears are still shown. %2")
         .arg(what, help);
 }
+
+/// What to say about one of the managers. "%1" in a remedy is the interface.
+struct ManagerTexts {
+    Manager manager;
+    const char *name;
+    const char *unit; ///< As systemd knows it.
+    const char *notPermitted;
+    const char *notAvailable;
+    const char *noInterface;
+};
+
+const ManagerTexts &textsOf(Manager manager)
+{
+    static const char *const joinGroup = "Run \"sudo usermod -aG netdev $USER\" and log in again.";
+    static const ManagerTexts all[] = {
+        {Manager::Nobody, "nobody", "NetworkManager", "", "", ""},
+        {Manager::NetworkManager, "NetworkManager", "NetworkManager",
+            "Start Airlume in a local desktop session (not over ssh), or allow it with the polkit "
+            "rule that \"man airlume\" shows.",
+            "Switch Wi-Fi on with \"nmcli radio wifi on\", and see with \"nmcli device\" what "
+            "becomes of %1.",
+            "Have it do so with \"sudo nmcli device set %1 managed yes\"."},
+        {Manager::Iwd, "iwd", "iwd", joinGroup,
+            "Switch it on with \"iwctl device %1 set-property Powered on\"; if it is an access "
+            "point, with \"iwctl device %1 set-property Mode station\".",
+            "See with \"iwctl device list\" what it manages, and restart it with \"sudo systemctl "
+            "restart iwd\"."},
+        {Manager::WpaSupplicant, "wpa_supplicant", "wpa_supplicant", joinGroup,
+            "See with \"sudo wpa_cli -i %1 status\" what it is doing.",
+            "Start a program that has it do so, for example with \"sudo systemctl start "
+            "NetworkManager\"."},
+        {Manager::ConnMan, "ConnMan", "connman",
+            "Start Airlume in a local desktop session (not over ssh).",
+            "Switch Wi-Fi on with \"connmanctl enable wifi\".",
+            "See with \"connmanctl technologies\" whether it knows Wi-Fi, and restart it with "
+            "\"sudo systemctl restart connman\"."},
+    };
+    for (const ManagerTexts &texts : all) {
+        if (texts.manager == manager)
+            return texts;
+    }
+    return all[0];
+}
 } // namespace
 
 namespace ProblemTexts
@@ -154,9 +197,12 @@ QString scanRefused(const QString &interface, int error)
 
 QString scanRefused(const QString &interface, const ScanAnswer &answer)
 {
-    // Whoever may scan without NetworkManager needs none of the other remedies.
-    const QString allow = QStringLiteral("or allow Airlume to scan by itself with \"sudo setcap "
-                                         "cap_net_admin+ep\" and the path of the program.");
+    const ManagerTexts &texts = textsOf(answer.manager);
+    const QString name = QLatin1String(texts.name);
+    const QString unit = QLatin1String(texts.unit);
+    const auto remedy = [&interface](const char *text) {
+        return QString::fromLatin1(text).replace(QStringLiteral("%1"), interface);
+    };
     switch (answer.result) {
     case ScanAnswer::Result::Accepted:
         return {};
@@ -164,40 +210,34 @@ QString scanRefused(const QString &interface, const ScanAnswer &answer)
         return withoutScans(
             QStringLiteral("No scan can be started: the system bus (D-Bus) cannot be "
                            "reached."),
-            QStringLiteral("Start the D-Bus service and NetworkManager, ") + allow);
+            QStringLiteral("Start the D-Bus service and a program that manages Wi-Fi, for example "
+                           "NetworkManager; if both run, restart the computer."));
     case ScanAnswer::Result::NoService:
         return withoutScans(
-            QStringLiteral("No scan can be started: NetworkManager is not running."),
-            QStringLiteral("Start it with \"sudo systemctl start NetworkManager\", ") + allow);
+            QStringLiteral("No scan can be started: no program that manages Wi-Fi is running."),
+            QStringLiteral("Start one, for example with \"sudo systemctl start NetworkManager\"."));
     case ScanAnswer::Result::NotPermitted:
         return withoutScans(
-            QStringLiteral(
-                "No scan can be started: NetworkManager does not allow this user to scan."),
-            QStringLiteral("Start Airlume in a local desktop session (not over ssh), ") + allow);
+            QStringLiteral("No scan can be started: %1 does not allow this user to scan.")
+                .arg(name),
+            remedy(texts.notPermitted));
     case ScanAnswer::Result::NotAvailable:
         return withoutScans(
-            QStringLiteral("NetworkManager does not scan with %1 at present.").arg(interface),
-            QStringLiteral(
-                "Check with \"nmcli device\" that it manages %1 and that Wi-Fi is switched "
-                "on, ")
-                    .arg(interface) +
-                allow);
+            QStringLiteral("%1 does not scan with %2 at present.").arg(name, interface),
+            remedy(texts.notAvailable));
     case ScanAnswer::Result::NoInterface:
         return withoutScans(
-            QStringLiteral("No scan can be started: NetworkManager does not know %1.")
-                .arg(interface),
-            QStringLiteral("Check with \"nmcli device\" that it manages %1, ").arg(interface) +
-                allow);
+            QStringLiteral("No scan can be started: %1 does not manage %2.").arg(name, interface),
+            remedy(texts.noInterface));
     case ScanAnswer::Result::NoReply:
-        return withoutScans(
-            QStringLiteral("No scan can be started: NetworkManager does not answer."),
-            QStringLiteral("Restart it with \"sudo systemctl restart NetworkManager\", ") + allow);
+        return withoutScans(QStringLiteral("No scan can be started: %1 does not answer.").arg(name),
+            QStringLiteral("Restart it with \"sudo systemctl restart %1\".").arg(unit));
     case ScanAnswer::Result::Failed:
         break;
     }
-    return withoutScans(QStringLiteral("NetworkManager did not start a scan with %1 (%2).")
-                            .arg(interface, answer.detail),
-        QStringLiteral("Look for the reason with \"journalctl -u NetworkManager\", ") + allow);
+    return withoutScans(
+        QStringLiteral("%1 did not start a scan with %2 (%3).").arg(name, interface, answer.detail),
+        QStringLiteral("Look for the reason with \"journalctl -u %1\".").arg(unit));
 }
 
 } // namespace ProblemTexts

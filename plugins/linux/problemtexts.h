@@ -28,7 +28,7 @@ QString networksUnreadable(const QString &interface, int error);
 QString linkUnreadable(const QString &interface, int error);
 /// The kernel did not start a scan.
 QString scanRefused(const QString &interface, int error);
-/// NetworkManager did not start a scan either.
+/// Nor did whoever manages the interface.
 QString scanRefused(const QString &interface, const ScanAnswer &answer);
 
 } // namespace ProblemTexts

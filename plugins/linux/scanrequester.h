@@ -8,20 +8,26 @@
 namespace LinuxWifi
 {
 
+/// The programs that manage Wi-Fi interfaces and scan for others.
+enum class Manager { Nobody, NetworkManager, Iwd, WpaSupplicant, ConnMan };
+
 /// How a request for a scan ended.
 struct ScanAnswer {
     enum class Result {
         Accepted,
-        NoBus,        ///< There is no system bus.
-        NoService,    ///< NetworkManager does not run.
+        NoBus,        ///< There is no system bus, or it does not answer.
+        NoService,    ///< No manager runs.
         NotPermitted, ///< This user may not ask for scans.
-        NotAvailable, ///< NetworkManager does not use this interface, or its radio is off.
-        NoInterface,  ///< NetworkManager does not know this interface (any more).
-        NoReply,      ///< It did not answer in time.
+        NotAvailable, ///< The manager cannot scan with this interface now; its radio may be off.
+        NoInterface,  ///< Those that run do not manage this interface (any more).
+        NoReply,      ///< The manager did not answer in time.
         Failed,       ///< Anything else.
     };
     Result result = Result::Failed;
     QString detail; ///< What the other side said about it, if anything.
+    /// Who was asked; for NoInterface the first of those that run, otherwise nobody where nobody
+    /// was.
+    Manager manager = Manager::Nobody;
 };
 
 /// Somebody with more rights, who can be asked to start a scan.

@@ -34,7 +34,7 @@ void ScanStarter::takeAnswer()
         m_reporter.resolved(Topic::Scan);
         return;
     }
-    // NetworkManager needs a moment for an adapter that has just been plugged in or switched on.
+    // A manager needs a moment for an adapter that has just been plugged in or switched on.
     const bool unready = answer->result == ScanAnswer::Result::NotAvailable ||
                          answer->result == ScanAnswer::Result::NoInterface;
     if (!unready || m_unready) {

@@ -232,7 +232,11 @@ managers_up() {
 bus_start() { dbus-daemon --system --fork --nopidfile --print-pid > $RUN/bus.pid; }
 
 manager_start() {
-    case $MANAGER in nm*) nm_start ;; *) "${MANAGER}_start" ;; esac
+    case $MANAGER in
+        nm*) nm_start ;;
+        iwd|wpa|connman) "${MANAGER}_start" ;;
+        *) echo "hwsim: nobody manages wlan0 here" >&2; return 1 ;;
+    esac
 }
 
 nm_prepare() {

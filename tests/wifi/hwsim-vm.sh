@@ -58,12 +58,19 @@
 # the others also dbus and iwd or connman.
 # No root is needed.  The kernel package is downloaded once with `apt-get
 # download` and not installed; the few parts used (16 MB) are kept in
-# ${HWSIM_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/hwsim-vm}.  Delete that folder
+# a subfolder of ${HWSIM_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/hwsim-vm}.  Delete it
 # for a newer kernel.  HWSIM_KERNEL_DEB=FILE.deb uses that package instead.
 # For debugging: HWSIM_KARGS (kernel arguments instead of "quiet loglevel=4")
 # and HWSIM_CPU (qemu's -cpu under TCG).
 
 set -euo pipefail
+
+# kernel modules: those that the initramfs loads, in this order, and those that are
+# there to be asked for; what iwd wants stands in the last two lines
+MODULES_FIRST='virtio_pci 9pnet_virtio 9p overlay virtio_console virtio_rng'
+MODULES_LATER='mac80211_hwsim ccm gcm cmac ctr ecb michael_mic veth tun
+    af_alg algif_hash algif_skcipher algif_aead algif_rng cbc hmac md4 md5 sha1_generic
+    sha512_generic des_generic pkcs8_key_parser'
 
 die() { echo "hwsim-vm: $1" >&2; exit "${2:-125}"; }
 
@@ -117,9 +124,8 @@ make_kernel() {
     mv "$t/deb/boot/vmlinuz-$ver" "$t/vmlinuz"
     depmod -b "$t/deb" "$ver"
     mods() { local x; for x; do modprobe -d "$t/deb" -S "$ver" --show-depends "$x"; done | awk '$1 == "insmod" && !s[$2]++ {print $2}'; }
-    # the first the initramfs loads, in this order; the others are there to be asked for
-    mods virtio_pci 9pnet_virtio 9p overlay virtio_console virtio_rng > "$t/first"
-    mods mac80211_hwsim ccm gcm cmac ctr ecb michael_mic algif_hash algif_skcipher veth tun > "$t/later"
+    mods $MODULES_FIRST > "$t/first"
+    mods $MODULES_LATER > "$t/later"
     sort -u "$t/first" "$t/later" | while read -r m; do install -D -m 644 "$m" "$t/root${m#"$t/deb"}"; done
     cp "$t"/deb/lib/modules/"$ver"/modules.{order,builtin,builtin.modinfo} "$t/root/lib/modules/$ver/"
     depmod -b "$t/root" "$ver"
@@ -227,6 +233,7 @@ main() {
     done
     PATH=$PATH:/usr/sbin:/sbin
     CACHE=${HWSIM_CACHE:-${XDG_CACHE_HOME:-${HOME:-/tmp}/.cache}/hwsim-vm}
+    CACHE+=/$(echo "$MODULES_FIRST $MODULES_LATER" | cksum | cut -d ' ' -f 1)     # another list, another folder
     check_host
     [ $check = 0 ] || exit 0
     [ $# -gt 0 ] || die 'no command (see --help)' 2

@@ -24,7 +24,7 @@ private slots:
     void busyRadioIsNoProblem();
     void failedTriggerIsSaidOnceAndTheCacheServes_data();
     void failedTriggerIsSaidOnceAndTheCacheServes();
-    void withoutPermissionNetworkManagerIsAsked();
+    void withoutPermissionTheManagerIsAsked();
     void refusedRequestIsSaidOnceAndTheCacheServes_data();
     void refusedRequestIsSaidOnceAndTheCacheServes();
     void adapterThatIsNotReadyGetsASecondChance_data();
@@ -152,7 +152,7 @@ void TestBackendScans::failedTriggerIsSaidOnceAndTheCacheServes()
     QVERIFY(bench.requester.m_requested.isEmpty());
 }
 
-void TestBackendScans::withoutPermissionNetworkManagerIsAsked()
+void TestBackendScans::withoutPermissionTheManagerIsAsked()
 {
     Bench bench;
     bench.kernel.add(2, "wlan0");
