@@ -2,21 +2,12 @@
 
 #include <QCoreApplication>
 #include <QThread>
-#include <QVector>
 
 namespace LinuxWifi
 {
 
-namespace
-{
-/// Those alive. Only the application's thread adds, removes and ends them.
-QVector<BackgroundThread *> &threads()
-{
-    // Never destroyed: Qt deletes what a plug-in made after the plug-in's own statics.
-    static auto *const all = new QVector<BackgroundThread *>;
-    return *all;
-}
-} // namespace
+// A plain pointer, as a plug-in is unloaded after the destructors of its statics have run.
+BackgroundThread *BackgroundThread::s_first = nullptr;
 
 class BackgroundThread::Loop : public QThread
 {
@@ -41,9 +32,10 @@ private:
 
 BackgroundThread::BackgroundThread()
 {
-    // A plug-in's objects outlive the application. What the thread uses, as Qt's own D-Bus thread,
-    // does not, so it must not run any longer.
-    threads().append(this);
+    // A plug-in's objects may outlive the application. What the thread uses, as Qt's own D-Bus
+    // thread, does not, so it must not run any longer.
+    m_next = s_first;
+    s_first = this;
     qAddPostRoutine(endAll);
     if (QCoreApplication *const application = QCoreApplication::instance()) {
         QObject::connect(
@@ -55,8 +47,11 @@ BackgroundThread::BackgroundThread()
 BackgroundThread::~BackgroundThread()
 {
     end();
-    threads().removeOne(this);
-    if (threads().isEmpty())
+    BackgroundThread **link = &s_first;
+    while (*link != this)
+        link = &(*link)->m_next;
+    *link = m_next;
+    if (!s_first)
         qRemovePostRoutine(endAll);
 }
 
@@ -90,7 +85,7 @@ void BackgroundThread::end()
 
 void BackgroundThread::endAll()
 {
-    for (BackgroundThread *const thread : qAsConst(threads()))
+    for (BackgroundThread *thread = s_first; thread; thread = thread->m_next)
         thread->end();
 }
 

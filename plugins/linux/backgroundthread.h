@@ -42,6 +42,8 @@ private:
     static void endAll();
 
     class Loop;
+    static BackgroundThread *s_first; ///< Those alive, as a list.
+    BackgroundThread *m_next = nullptr;
     QMutex m_mutex; ///< Guards the two below.
     std::unique_ptr<Loop> m_loop;
     bool m_ending = false;

@@ -42,6 +42,7 @@ private slots:
     void threadEndsBeforeTheEventLoopReturns();
     void threadEndsWithAnApplicationThatRanNoEventLoop();
     void threadMayBeMadeBeforeTheApplication();
+    void everyThreadEndsWithTheApplication();
 
 private:
     int m_argc = 0;
@@ -214,6 +215,22 @@ void TestBackgroundThread::threadMayBeMadeBeforeTheApplication()
     done.acquire();
     m_application.reset();
     QVERIFY(!background.post([](QObject &) {}));
+}
+
+void TestBackgroundThread::everyThreadEndsWithTheApplication()
+{
+    BackgroundThread first;
+    auto second = std::make_unique<BackgroundThread>();
+    BackgroundThread third;
+    QSemaphore done;
+    for (BackgroundThread *const thread : {&first, second.get(), &third})
+        QVERIFY(thread->post([&](QObject &) { done.release(); }));
+    done.acquire(3);
+    second.reset();
+    m_application.reset();
+    init();
+    QVERIFY(!first.post([](QObject &) {}));
+    QVERIFY(!third.post([](QObject &) {}));
 }
 
 // Each test has an application of its own, as some end it.
