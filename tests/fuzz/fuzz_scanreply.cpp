@@ -18,7 +18,7 @@ using namespace LinuxWifi;
 
 namespace
 {
-const int HighestChannel = (45000 - 5950) / 5;
+const int HighestChannel = 6233;
 
 void checkAddress(const QString &address)
 {

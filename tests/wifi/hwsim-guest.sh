@@ -421,6 +421,7 @@ control() {
                 up=off; [ ! -e "$RUN/$n.pid" ] || up=on
                 read -r dbm < "/sys/kernel/debug/ieee80211/$phy/hwsim/rx_rssi"
                 [[ $extra != *hidden* && $extra != *shy* ]] || ssid=
+                [ "$band" != 6 ] || chan=$((6000 + chan))     # as the back end gives it
                 printf '%s|%s|%s|%s|%s|%s|%s\n' "$n" $up "$bssid" "$chan" "$sec" "$dbm" "$ssid"
             done ;;
         stop)    for n; do ap_find "$n"; end_pid "$RUN/$name.pid"; done ;;

@@ -33,6 +33,7 @@
 # In the guest, the program `hwsim` (on PATH, root only) changes the air:
 #   hwsim list                        one line for each access point:
 #                                     name|on or off|BSSID|channel|security|dBm|SSID
+#                                     (a channel at 6 GHz with 6000 added)
 #   hwsim stop NAME...                take access points off the air
 #   hwsim start [NAME...]             put them (no NAME: all) on the air, anew
 #   hwsim change NAME FIELD VALUE     another ssid, band, channel, security or extras (see
