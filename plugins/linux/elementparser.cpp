@@ -7,11 +7,20 @@ namespace
 {
 const std::uint8_t NameId = 0;
 const std::uint8_t RsnId = 48;
+const std::uint8_t WapiId = 68;
 const std::uint8_t VendorId = 221;
 const std::size_t HeaderSize = 2;
 const std::size_t MaximumNameSize = 32;
 const std::size_t SuiteSize = 4;
 const std::uint32_t WpaVendorType = 0x0050F201;
+const std::uint32_t OsenVendorType = 0x506F9A12;
+const std::uint32_t OweTransitionVendorType = 0x506F9A1C;
+const std::uint32_t RsnOverrideVendorType = 0x506F9A29;
+const std::uint32_t RsnOverride2VendorType = 0x506F9A2A;
+// The same number is that of a list of four delays, which is no security.
+const std::size_t AccessDelaySize = 4;
+const std::uint16_t ProtectionRequiredBit = 1U << 6;
+const std::uint16_t ProtectionCapableBit = 1U << 7;
 // What a list that was left out stands for: 802.1X.
 const std::uint32_t RsnDefaultSuite = 0x000FAC01;
 const std::uint32_t WpaDefaultSuite = 0x0050F201;
@@ -76,9 +85,9 @@ private:
     std::size_t m_left;
 };
 
-/// The common body of both elements: version, group cipher, pairwise ciphers, key management.
-/// Everything after the version may be left out from some point on.
-bool readSecurity(Reader body, std::uint32_t defaultSuite, std::vector<std::uint32_t> &suites)
+/// The common body of RSN and WPA elements: version, group cipher, pairwise ciphers, key
+/// management, capabilities. Everything after the version may be left out from some point on.
+bool readSecurity(Reader body, std::uint32_t defaultSuite, SecurityElement &element)
 {
     std::uint16_t version = 0;
     if (!body.readNumber(version) || version != 1)
@@ -89,21 +98,68 @@ bool readSecurity(Reader body, std::uint32_t defaultSuite, std::vector<std::uint
         return false;
     if (body.left() > 0 && !body.readSuites(pairwiseCiphers))
         return false;
-    if (body.left() > 0)
-        return body.readSuites(suites);
-    suites.assign(1, defaultSuite);
+    if (body.left() == 0) {
+        element.suites.assign(1, defaultSuite);
+        return true;
+    }
+    if (!body.readSuites(element.suites))
+        return false;
+    std::uint16_t capabilities = 0;
+    body.readNumber(capabilities);
+    element.protectionCapable = (capabilities & ProtectionCapableBit) != 0;
+    element.protectionRequired = (capabilities & ProtectionRequiredBit) != 0;
     return true;
+}
+
+/// The beginning of a WAPI element: version, key management. Its ciphers follow.
+bool readWapi(Reader body, SecurityElement &element)
+{
+    std::uint16_t version = 0;
+    return body.readNumber(version) && version == 1 && body.readSuites(element.suites);
+}
+
+void conclude(bool valid, SecurityElement &element)
+{
+    if (!valid)
+        element = SecurityElement();
+    element.state = valid ? SecurityElement::State::Valid : SecurityElement::State::Malformed;
 }
 
 void takeSecurity(Reader body, std::uint32_t defaultSuite, SecurityElement &element)
 {
-    if (element.state != SecurityElement::State::Absent)
+    if (element.state == SecurityElement::State::Absent)
+        conclude(readSecurity(body, defaultSuite, element), element);
+}
+
+void takeWapi(Reader body, SecurityElement &element)
+{
+    if (element.state == SecurityElement::State::Absent)
+        conclude(readWapi(body, element), element);
+}
+
+void takeVendorElement(Reader body, InformationElements &elements)
+{
+    std::uint32_t vendorType = 0;
+    if (!body.readSuite(vendorType))
         return;
-    if (readSecurity(body, defaultSuite, element.suites)) {
-        element.state = SecurityElement::State::Valid;
-    } else {
-        element.state = SecurityElement::State::Malformed;
-        element.suites.clear();
+    switch (vendorType) {
+    case WpaVendorType:
+        takeSecurity(body, WpaDefaultSuite, elements.wpa);
+        break;
+    case RsnOverrideVendorType:
+        takeSecurity(body, RsnDefaultSuite, elements.rsnOverride);
+        break;
+    case RsnOverride2VendorType:
+        takeSecurity(body, RsnDefaultSuite, elements.rsnOverride2);
+        break;
+    case OsenVendorType:
+        elements.osen = true;
+        break;
+    case OweTransitionVendorType:
+        elements.oweTransition = true;
+        break;
+    default:
+        break;
     }
 }
 
@@ -114,10 +170,10 @@ void takeElement(std::uint8_t id, Reader body, InformationElements &elements)
         elements.name.assign(body.here(), body.here() + body.left());
     } else if (id == RsnId) {
         takeSecurity(body, RsnDefaultSuite, elements.rsn);
+    } else if (id == WapiId && body.left() != AccessDelaySize) {
+        takeWapi(body, elements.wapi);
     } else if (id == VendorId) {
-        std::uint32_t vendorType = 0;
-        if (body.readSuite(vendorType) && vendorType == WpaVendorType)
-            takeSecurity(body, WpaDefaultSuite, elements.wpa);
+        takeVendorElement(body, elements);
     }
 }
 } // namespace

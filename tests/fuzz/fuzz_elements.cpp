@@ -10,15 +10,22 @@ namespace
 {
 void checkSecurity(const InformationElements &elements, bool privacy)
 {
-    require((elements.rsn.state == State::Valid) == !elements.rsn.suites.empty());
-    require((elements.wpa.state == State::Valid) == !elements.wpa.suites.empty());
+    bool nothingSaid = !elements.osen && !elements.oweTransition && !elements.truncated;
+    for (const SecurityElement *const element : {&elements.rsn, &elements.rsnOverride,
+             &elements.rsnOverride2, &elements.wpa, &elements.wapi}) {
+        require((element->state == State::Valid) == !element->suites.empty());
+        require(element->state == State::Valid ||
+                (!element->protectionCapable && !element->protectionRequired));
+        nothingSaid = nothingSaid && element->state == State::Absent;
+    }
     const std::string text = securityText(elements, privacy);
     require(!text.empty() && text.size() < 200);
     for (const char character : text)
         require(character >= ' ' && character <= '~');
-    if (elements.rsn.state != State::Absent || elements.wpa.state != State::Absent ||
-        elements.truncated)
-        require(text != "Open" && text != "WEP");
+    // Neither is ever guessed, and nothing else is said where nothing was.
+    require(nothingSaid == (text == "Open" || text == "WEP"));
+    require(text != "WEP" || privacy);
+    require(text != "Open" || !privacy);
 }
 
 void checkName(const InformationElements &elements)

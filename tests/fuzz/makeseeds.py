@@ -62,6 +62,30 @@ write("scanreply", "bare", message(34, b"") + message(34, attribute(47, b"")))
 write("scanreply", "cut", joined[:60])
 
 
+# Elements behind an octet with the privacy bit; elements/*.bin of no line here are by hand.
+def rsn_body(capabilities, *types):
+    suites = b"".join(b"\0\x0f\xac" + bytes([number]) for number in types)
+    ciphers = bytes.fromhex("000fac040100000fac04")
+    return b"\1\0" + ciphers + struct.pack("<H", len(types)) + suites + struct.pack("<H", capabilities)
+
+
+def vendor(kind, body):
+    return element(221, b"\x50\x6f\x9a" + bytes([kind]) + body)
+
+
+write("elements", "override", b"\1" + element(48, rsn_body(0, 2)) +
+      vendor(0x29, rsn_body(0xC0, 8)) + vendor(0x2A, rsn_body(0xC0, 24)) + vendor(0x2B, b"\x20"))
+write("elements", "enterprise3", b"\1" + element(48, rsn_body(0x80, 1, 3, 5, 12, 23)))
+write("elements", "owetransition", b"\0" + element(0, b"Cafe") +
+      vendor(0x1C, bytes.fromhex("0200000000090454776f32")))
+write("elements", "wapi", b"\1" + element(68, bytes.fromhex(
+    "0100020000147201001472020100001472010014720100000000")))
+write("elements", "delay", b"\0" + element(68, b"\5\5\5\5"))
+write("elements", "osen", b"\1" + vendor(0x12, bytes.fromhex(
+    "000fac070100000fac040100506f9a010000")) + element(48, bytes.fromhex(
+        "0100000fac040100000fac040300506f9a01506f9a02004096000000")))
+
+
 # Scan maps: see fuzz_scanmaps.cpp.
 def field(selector, value):
     return bytes([selector, len(value)]) + value
