@@ -176,7 +176,7 @@ void addEnterpriseKinds(const Offer &offer, std::vector<std::string> &parts)
             parts.push_back("WPA3-Enterprise");
     }
     if (offer.enterprise192)
-        parts.push_back(offer.wpa3Enterprise ? "192-bit" : "WPA3-Enterprise 192-bit");
+        parts.push_back(offer.wpa3Enterprise ? "192-bit" : "WPA3-Enterprise 192");
 }
 
 void addOtherKinds(const Offer &offer, std::vector<std::string> &parts)

@@ -46,12 +46,15 @@ ApexMarker::ApexMarker(const QString &ssid)
     setLinePen(QPen(Qt::black, 2., Qt::SolidLine));
 }
 
-void ApexMarker::place(const QRectF &canvasRect, const QPointF &apex, const QFont &font)
+bool ApexMarker::place(const QRectF &canvasRect, const QPointF &apex, const QFont &font)
 {
     fit(nameFont(font), canvasRect.width());
     // Qwt keeps the size of a text until its font changes.
     m_place.setSize(m_fitting.textSize());
+    m_place.moveCenter(apex);
+    const bool inside = canvasRect.intersects(m_place);
     m_place.moveCenter(centerInside(canvasRect, apex, m_place.size()));
+    return inside;
 }
 
 void ApexMarker::fit(const QFont &font, double width)

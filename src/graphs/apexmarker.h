@@ -8,8 +8,9 @@
 QPointF centerInside(const QRectF &bounds, const QPointF &center, const QSizeF &size);
 
 /// A network's name at the apex of its triangle. Where the edge of the canvas would cut the name
-/// off, it moves inwards; a name wider than the canvas is elided. The graph draws it after its
-/// items, and tells it to come and go with its replots.
+/// off, it moves inwards; a name wider than the canvas is elided. Where nothing of it would be seen
+/// it stays outside, with its triangle: its channel is of another band than the graph's. The graph
+/// draws it after its items, and tells it to come and go with its replots.
 class ApexMarker : public QwtPlotMarker
 {
 public:
@@ -19,9 +20,9 @@ public:
     void follow() { m_drawn = isVisible(); }
     bool isDrawn() const { return m_drawn; }
 
-    /// Puts the name at `apex` of the canvas, in the family of `font`. Measures only what has
-    /// changed.
-    void place(const QRectF &canvasRect, const QPointF &apex, const QFont &font);
+    /// Puts the name at `apex` of the canvas, in the family of `font`; false when it lies outside.
+    /// Measures only what has changed.
+    bool place(const QRectF &canvasRect, const QPointF &apex, const QFont &font);
     /// Moves the name from where it was placed by so many pixels; negative: up.
     void moveName(double down) { m_place.translate(0., down); }
     /// Where the name lies.

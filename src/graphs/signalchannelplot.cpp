@@ -139,8 +139,8 @@ void SignalChannelPlot::drawItems(
     QPainter *painter, const QRectF &canvasRect, const QwtScaleMap maps[axisCnt]) const
 {
     QwtPlot::drawItems(painter, canvasRect, maps);
-    const QVector<ApexMarker *> markers = drawnMarkers();
-    spreadNames(markers, painter->font(), canvasRect, maps);
+    QVector<ApexMarker *> markers = drawnMarkers();
+    placeNames(markers, painter->font(), canvasRect, maps);
     // Where there is no room for all, the strongest stays readable.
     for (auto marker = markers.crbegin(); marker != markers.crend(); ++marker)
         (*marker)->drawName(painter);
@@ -162,19 +162,23 @@ QVector<ApexMarker *> SignalChannelPlot::drawnMarkers() const
 }
 
 /// Networks of one channel are often as strong as each other: their names would hide each other.
-/// Whoever is stronger stands above, so the weaker ones step aside.
-void SignalChannelPlot::spreadNames(const QVector<ApexMarker *> &markers, const QFont &font,
+/// Whoever is stronger stands above, so the weaker ones step aside. Names that lie outside are in
+/// nobody's way and leave the list.
+void SignalChannelPlot::placeNames(QVector<ApexMarker *> &markers, const QFont &font,
     const QRectF &canvasRect, const QwtScaleMap maps[axisCnt]) const
 {
-    QVector<QRectF> names;
-    names.reserve(markers.size());
-    for (ApexMarker *marker : markers) {
+    const auto liesOutside = [&](ApexMarker *marker) {
         const QPointF apex(maps[xBottom].transform(marker->xValue()),
             maps[m_band.dBmAxis].transform(marker->yValue()));
-        marker->place(canvasRect, apex, font);
+        return !marker->place(canvasRect, apex, font);
+    };
+    markers.erase(std::remove_if(markers.begin(), markers.end(), liesOutside), markers.end());
+
+    QVector<QRectF> names;
+    names.reserve(markers.size());
+    for (const ApexMarker *marker : qAsConst(markers))
         names.append(marker->nameRect());
-    }
-    const QVector<double> moves = ::spreadNames(names, canvasRect);
+    const QVector<double> moves = spreadNames(names, canvasRect);
     for (int i = 0; i < moves.size(); ++i)
         markers.at(i)->moveName(moves.at(i));
 }

@@ -68,8 +68,8 @@ private:
     void removeNetwork(const QString &ssid);
     void deleteCurves();
     QVector<ApexMarker *> drawnMarkers() const;
-    void spreadNames(const QVector<ApexMarker *> &markers, const QFont &font,
-        const QRectF &canvasRect, const QwtScaleMap maps[axisCnt]) const;
+    void placeNames(QVector<ApexMarker *> &markers, const QFont &font, const QRectF &canvasRect,
+        const QwtScaleMap maps[axisCnt]) const;
 
     const ChannelBand &m_band;
     QMap<QString, pointData> curveMap;

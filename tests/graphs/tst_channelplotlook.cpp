@@ -46,6 +46,9 @@ private slots:
     void nameComesAndGoesATickAfterItsTriangle();
     void namesAtOneApexStandApart_data() { bands(); }
     void namesAtOneApexStandApart();
+    void networkAtSixGigahertzLeavesNoTrace_data() { bands(); }
+    void networkAtSixGigahertzLeavesNoTrace();
+    void nameAtTheEdgeIsDrawnInside();
 
 private:
     static void bands();
@@ -204,6 +207,43 @@ void TestChannelPlotLook::namesAtOneApexStandApart()
     QVERIFY2(inBoth > 2 * inOne, qPrintable(QStringLiteral("%1, %2").arg(inOne).arg(inBoth)));
     // Alone again, it stands where it stood.
     QCOMPARE(drawn(second, false), one);
+}
+
+void TestChannelPlotLook::networkAtSixGigahertzLeavesNoTrace()
+{
+    QFETCH(bool, is2G);
+    const QString shown(3, QChar(0x2588));
+    const QString wide(60, QChar(0x2588));
+    m_plot->resize(500, 300);
+    m_plot->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_plot.get()));
+    m_plot->onDataReturned({TestAir::network(shown, -50, is2G ? 13 : 171),
+        TestAir::network(wide, -50, 6005), TestAir::network(QStringLiteral("\u2588"), -40, 6233)});
+    m_plot->onShowCurve(0, shown, true);
+    GraphTest::tick(m_plot.get());
+    const QImage alone = picture();
+
+    m_plot->onShowCurve(0, wide, true);
+    m_plot->onShowCurve(0, QStringLiteral("\u2588"), true);
+    GraphTest::tick(m_plot.get());
+    QCOMPARE(picture(), alone);
+}
+
+void TestChannelPlotLook::nameAtTheEdgeIsDrawnInside()
+{
+    m_plot = std::make_unique<Signal5GPlot>();
+    const QString name(3, QChar(0x2588));
+    m_plot->resize(500, 300);
+    m_plot->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_plot.get()));
+    const auto blackWith = [&](int channel) {
+        m_plot->onStopScan();
+        m_plot->onDataReturned({TestAir::network(name, -50, channel)});
+        m_plot->onShowCurve(0, name, true);
+        GraphTest::tick(m_plot.get());
+        return blackPixels(m_plot->canvas()->grab().toImage());
+    };
+    QCOMPARE(blackWith(171), blackWith(100));
 }
 
 QTEST_MAIN(TestChannelPlotLook)

@@ -113,11 +113,11 @@ void TestSecurityText::textNamesEnterpriseGenerations_data()
     row("WPA3-Enterprise", rsn({22}));
     row("WPA3-Enterprise", rsn({23}, ProtectionRequired));
     row("WPA2/WPA3-Enterprise", rsn({1, 23}, ProtectionCapable));
-    row("WPA3-Enterprise 192-bit", rsn({12}, ProtectionRequired));
-    row("WPA3-Enterprise 192-bit", rsn({12, 13}, ProtectionRequired));
+    row("WPA3-Enterprise 192", rsn({12}, ProtectionRequired));
+    row("WPA3-Enterprise 192", rsn({12, 13}, ProtectionRequired));
     row("WPA3-Enterprise, 192-bit", rsn({5, 12}, ProtectionRequired));
     row("WPA2/WPA3-Enterprise, 192-bit", rsn({1, 5, 12}, ProtectionCapable));
-    row("WPA2-802.1X, WPA3-Enterprise 192-bit", rsn({1, 12}, ProtectionCapable));
+    row("WPA2-802.1X, WPA3-Enterprise 192", rsn({1, 12}, ProtectionCapable));
     row("WPA/WPA2/WPA3-Enterprise", wpa({1}) + rsn({1, 5}, ProtectionCapable));
     row("WPA-802.1X, WPA3-Enterprise", wpa({1}) + rsn({5}, ProtectionRequired));
     row("WPA3-SAE, WPA3-Enterprise", rsn({5, 8}, ProtectionRequired));
@@ -225,7 +225,7 @@ void TestSecurityText::everyKnownSuiteHasItsKind_data()
         {QStringLiteral("WPA2-PSK"), {2, 4, 6, 19, 20}},
         {QStringLiteral("WPA3-SAE"), {8, 9, 24, 25}},
         {QStringLiteral("Suite B"), {11}},
-        {QStringLiteral("WPA3-Enterprise 192-bit"), {12, 13}},
+        {QStringLiteral("WPA3-Enterprise 192"), {12, 13}},
         {QStringLiteral("WPA3-Enterprise"), {22, 23}},
         {QStringLiteral("FILS"), {14, 15, 16, 17}},
         {QStringLiteral("OWE"), {18}},
