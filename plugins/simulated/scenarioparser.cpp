@@ -25,6 +25,7 @@ public:
 private:
     void readInterfaces(const JsonFields &root);
     void readNetworks(const JsonFields &root);
+    static int readChannel(const JsonFields &fields, const QJsonValue &value);
     void readWalk(const JsonFields &fields, ScenarioNetwork *network);
     void readPresence(const JsonFields &fields, ScenarioNetwork *network);
     void readRaw(const JsonFields &fields, ScenarioNetwork *network);
@@ -115,8 +116,8 @@ void Builder::readNetworks(const JsonFields &root)
         ScenarioNetwork network;
         network.ssid = fields.text(QLatin1String("ssid"));
         network.bssid = fields.hardwareAddress(QLatin1String("bssid"));
-        // 233 is the highest channel of any band; odder ones are for "raw".
-        network.channel = static_cast<int>(fields.whole(QLatin1String("channel"), 1, 233, 1));
+        network.channel =
+            readChannel(fields, list.at(i).toObject().value(QLatin1String("channel")));
         network.security = fields.text(QLatin1String("security"), QStringLiteral("WPA2-PSK"));
         network.signal = fields.number(QLatin1String("signal"), -100.0, 0.0, network.signal);
         network.wander = fields.number(QLatin1String("wander"), 0.0, 50.0, network.wander);
@@ -133,6 +134,14 @@ void Builder::readNetworks(const JsonFields &root)
         }
         addNetwork(network, path);
     }
+}
+
+/// 233 is the highest channel of any band. Those of 6 GHz may have 6000 added, which tells them
+/// from the others. Odder ones are for "raw".
+int Builder::readChannel(const JsonFields &fields, const QJsonValue &value)
+{
+    const qint64 added = value.toDouble() > 6000.0 ? 6000 : 0;
+    return static_cast<int>(fields.whole(QLatin1String("channel"), added + 1, added + 233, 1));
 }
 
 void Builder::readWalk(const JsonFields &fields, ScenarioNetwork *network)

@@ -99,6 +99,15 @@ void TestScenarioMistakes::mistakesAreNamedWithTheirPlace_data()
     row("channel out of range",
         R"({"networks":[{"ssid":"A","bssid":"02:00:00:00:00:01","channel":234}]})",
         "networks[0].channel", "must be a whole number from 1 to 233, not 234");
+    row("channel above those of 6 GHz",
+        R"({"networks":[{"ssid":"A","bssid":"02:00:00:00:00:01","channel":6234}]})",
+        "networks[0].channel", "must be a whole number from 6001 to 6233, not 6234");
+    row("channel below those of 6 GHz",
+        R"({"networks":[{"ssid":"A","bssid":"02:00:00:00:00:01","channel":6000}]})",
+        "networks[0].channel", "must be a whole number from 1 to 233, not 6000");
+    row("channel between two of 6 GHz",
+        R"({"networks":[{"ssid":"A","bssid":"02:00:00:00:00:01","channel":6001.5}]})",
+        "networks[0].channel", "must be a whole number from 6001 to 6233, not 6001.5");
     row("bssid twice",
         R"({"networks":[{"ssid":"A","bssid":"02:00:00:00:00:0a","channel":1},
                         {"ssid":"B","bssid":"02:00:00:00:00:0A","channel":1}]})",
