@@ -13,7 +13,7 @@ namespace
 const int TickColumnWidth = 20;
 const int SsidColumnWidth = 200;
 /// Holds the longest usual security text whole.
-const int SecurityColumnWidth = 160;
+const int SecurityColumnWidth = 156;
 const int HeaderHeight = 22;
 const int CheckAllSide = 16;
 /// Empty names in a row after the first before the list empties itself.
