@@ -5,6 +5,8 @@ namespace LinuxWifi
 
 namespace
 {
+using State = SecurityElement::State;
+
 const std::uint8_t NameId = 0;
 const std::uint8_t RsnId = 48;
 const std::uint8_t WapiId = 68;
@@ -66,7 +68,8 @@ public:
         return skip(SuiteSize);
     }
 
-    /// A count and so many suites. A count of none, or of more than there are, is an error.
+    /// A count and so many suites. A count of none, or of more than there are, is an error, and
+    /// leaves `suites` as they are.
     bool readSuites(std::vector<std::uint32_t> &suites)
     {
         std::uint16_t count = 0;
@@ -118,23 +121,17 @@ bool readWapi(Reader body, SecurityElement &element)
     return body.readNumber(version) && version == 1 && body.readSuites(element.suites);
 }
 
-void conclude(bool valid, SecurityElement &element)
-{
-    if (!valid)
-        element = SecurityElement();
-    element.state = valid ? SecurityElement::State::Valid : SecurityElement::State::Malformed;
-}
-
 void takeSecurity(Reader body, std::uint32_t defaultSuite, SecurityElement &element)
 {
-    if (element.state == SecurityElement::State::Absent)
-        conclude(readSecurity(body, defaultSuite, element), element);
+    if (element.state != State::Absent)
+        return;
+    element.state = readSecurity(body, defaultSuite, element) ? State::Valid : State::Malformed;
 }
 
 void takeWapi(Reader body, SecurityElement &element)
 {
-    if (element.state == SecurityElement::State::Absent)
-        conclude(readWapi(body, element), element);
+    if (element.state == State::Absent)
+        element.state = readWapi(body, element) ? State::Valid : State::Malformed;
 }
 
 void takeVendorElement(Reader body, InformationElements &elements)
