@@ -34,12 +34,13 @@ void SignalScanThread::setExit()
 void SignalScanThread::setNic(const QString &nic)
 {
     m_nic = nic;
+    m_hasNic = !nic.isEmpty();
 }
 
 void SignalScanThread::onNicChanged(QString nic)
 {
     QMutexLocker lock(&m_mutex);
-    m_nic = nic;
+    setNic(nic);
 }
 
 void SignalScanThread::onVisiableMapListReturned(QList<QMap<QString, QString>> networks)
@@ -70,7 +71,7 @@ void SignalScanThread::run()
 void SignalScanThread::pass()
 {
     // Whether there is an interface is asked without the lock; scanNetwork() takes it.
-    if (!m_nic.isEmpty()) {
+    if (m_hasNic) {
         m_ssidToBssid.clear();
         scanNetwork();
         return;

@@ -63,7 +63,8 @@ private:
     bool makeUnique(QString &name, const QString &bssid, QHash<QString, TriedNames> &tried) const;
 
     QString m_nic;
-    // The one flag that both threads touch without the lock.
+    // What both threads touch without the lock.
+    std::atomic<bool> m_hasNic{false}; ///< m_nic is not empty.
     std::atomic<bool> m_exit{false};
     QMutex m_mutex;
     QMap<QString, QString> m_ssidToBssid;
