@@ -32,9 +32,8 @@ bool ElidedLabel::event(QEvent *event)
     const QString shown = AirText::ForDisplay(text());
     if (fontMetrics().horizontalAdvance(shown) <= contentsRect().width())
         return true;
-    // Tool tips guess whether they hold markup: escaped inside markup of ours there is no guess.
-    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(),
-        QStringLiteral("<span>") + shown.toHtmlEscaped() + QStringLiteral("</span>"), this);
+    QToolTip::showText(
+        static_cast<QHelpEvent *>(event)->globalPos(), AirText::ForToolTip({text()}), this);
     return true;
 }
 

@@ -1,5 +1,7 @@
 #include "common/airtext.h"
 
+#include <QTextBoundaryFinder>
+
 namespace AirText
 {
 
@@ -20,6 +22,24 @@ QChar shown(QChar character)
                         (code >= 0x2066 && code <= 0x2069);
     return hidden ? QChar(QChar::ReplacementCharacter) : character;
 }
+
+/// `text` in pieces that fit a line of a tool tip, none of them broken within what the eye sees as
+/// one character, but where that alone is longer.
+QStringList folded(QString text)
+{
+    QStringList pieces;
+    while (text.size() > ToolTipColumns) {
+        QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+        finder.setPosition(ToolTipColumns);
+        if (!finder.isAtBoundary())
+            finder.toPreviousBoundary();
+        const int end = finder.position() > 0 ? finder.position() : ToolTipColumns;
+        pieces.append(text.left(end));
+        text.remove(0, end);
+    }
+    pieces.append(text);
+    return pieces;
+}
 } // namespace
 
 QString ForDisplay(const QString &text)
@@ -34,6 +54,15 @@ QString ForDisplay(const QString &text)
     if (tooLong)
         line.append(QChar(0x2026));
     return line;
+}
+
+QString ForToolTip(const QStringList &lines)
+{
+    QStringList shown;
+    for (const QString &line : lines)
+        shown += folded(ForDisplay(line));
+    return QStringLiteral("<div style='white-space:pre'>") +
+           shown.join(QLatin1Char('\n')).toHtmlEscaped() + QStringLiteral("</div>");
 }
 
 } // namespace AirText

@@ -1,12 +1,15 @@
 #include "hometest/linetablewidget.h"
 
 #include "common/QtCommonTools.h"
+#include "common/airtext.h"
 #include "common/diagnostics.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QTextLayout>
+#include <QToolTip>
 
 namespace
 {
@@ -83,6 +86,23 @@ void QLineDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIn
         option->fontMetrics = QFontMetrics(option->font);
         option->text = elideLines(text, option->fontMetrics, width);
     }
+}
+
+bool QLineDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
+    const QStyleOptionViewItem &option, const QModelIndex &index)
+{
+    if (event->type() != QEvent::ToolTip || !index.isValid())
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    QStyleOptionViewItem whole = option;
+    QStyledItemDelegate::initStyleOption(&whole, index);
+    QStyleOptionViewItem shown = option;
+    initStyleOption(&shown, index);
+    const bool isCutOff = shown.text != whole.text;
+    // An empty one hides that of the cell before.
+    QToolTip::showText(event->globalPos(),
+        isCutOff ? AirText::ForToolTip(whole.text.split(QChar::LineSeparator)) : QString(), view,
+        option.rect);
+    return true;
 }
 
 LineTableWidget::LineTableWidget(QWidget *parent)

@@ -17,6 +17,9 @@ public:
     /// What a text from the air looks like in a cell: one line, nothing invisible that moves other
     /// text about, not endless.
     QString displayText(const QVariant &value, const QLocale &locale) const override;
+    /// Tells a text that is cut off whole.
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+        const QModelIndex &index) override;
 
 private:
     // Kept for rows that alternate in colour; painting does not use them.

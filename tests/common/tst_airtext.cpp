@@ -1,5 +1,7 @@
 #include "common/airtext.h"
 
+#include <QTextDocument>
+#include <QTextDocumentFragment>
 #include <QtTest>
 
 class TestAirText : public QObject
@@ -11,6 +13,9 @@ private slots:
     void showsOneHarmlessLine();
     void cutsEndlessTexts();
     void neverCutsASurrogatePair();
+    void toolTipsShowTextsAsTheyAre_data();
+    void toolTipsShowTextsAsTheyAre();
+    void toolTipsFoldLongLines();
 };
 
 void TestAirText::showsOneHarmlessLine_data()
@@ -63,5 +68,58 @@ void TestAirText::neverCutsASurrogatePair()
         QString(AirText::MaxShown - 1, QLatin1Char('x')) + QChar(0x2026));
 }
 
-QTEST_APPLESS_MAIN(TestAirText)
+void TestAirText::toolTipsShowTextsAsTheyAre_data()
+{
+    QTest::addColumn<QStringList>("lines");
+    QTest::addColumn<QString>("shown");
+    const auto one = [](const char *name, const QString &line, const QString &shown) {
+        QTest::newRow(name) << QStringList(line) << shown;
+    };
+    one("plain", QStringLiteral("Home"), QStringLiteral("Home"));
+    one("markup", QStringLiteral("<b>x</b><img src='/dev/zero'>&lt;"),
+        QStringLiteral("<b>x</b><img src='/dev/zero'>&lt;"));
+    one("blanks", QStringLiteral("a   b"), QStringLiteral("a   b"));
+    one("end of our own markup", QStringLiteral("</div><h1>"), QStringLiteral("</div><h1>"));
+    one("line feed", QStringLiteral("a\nb"), QStringLiteral(u"a\u240ab"));
+    one("place holder", QStringLiteral("%1 %s"), QStringLiteral("%1 %s"));
+    QTest::newRow("several lines")
+        << QStringList({QStringLiteral("a"), QStringLiteral("<i>"), QStringLiteral("N/A")})
+        << QStringLiteral("a\n<i>\nN/A");
+}
+
+void TestAirText::toolTipsShowTextsAsTheyAre()
+{
+    QFETCH(QStringList, lines);
+    QFETCH(QString, shown);
+    const QString tip = AirText::ForToolTip(lines);
+    QVERIFY(Qt::mightBeRichText(tip));
+    QCOMPARE(QTextDocumentFragment::fromHtml(tip).toPlainText(), shown);
+}
+
+void TestAirText::toolTipsFoldLongLines()
+{
+    const QString couple = QString::fromUtf8("\xf0\x9f\x91\xa9\xe2\x80\x8d\xf0\x9f\x91\xa6");
+    for (const QString &sign : {QStringLiteral("W"), couple, QString::fromUtf8("e\xcc\x81")}) {
+        const QString text = sign.repeated(AirText::MaxShown / sign.size());
+        const QStringList lines = QTextDocumentFragment::fromHtml(AirText::ForToolTip({text}))
+                                      .toPlainText()
+                                      .split(QLatin1Char('\n'));
+        QVERIFY(lines.size() > 4);
+        QCOMPARE(lines.join(QString()), text);
+        for (const QString &line : lines) {
+            QVERIFY(line.size() <= AirText::ToolTipColumns);
+            QCOMPARE(line.size() % sign.size(), 0);
+        }
+    }
+    // Marks without an end on one letter make one character without an end.
+    const QString pile = QLatin1Char('e') + QString(1000, QChar(0x0301));
+    const QString tip = AirText::ForToolTip({pile, QString(), QString(1000000, QLatin1Char('x'))});
+    QVERIFY(tip.size() < 1000);
+    const QStringList lines =
+        QTextDocumentFragment::fromHtml(tip).toPlainText().split(QLatin1Char('\n'));
+    for (const QString &line : lines)
+        QVERIFY(line.size() <= AirText::ToolTipColumns);
+}
+
+QTEST_MAIN(TestAirText)
 #include "tst_airtext.moc"

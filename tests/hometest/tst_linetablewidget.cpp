@@ -1,6 +1,7 @@
 #include "hometest/linetablewidget.h"
 #include "support/messagelog.h"
 #include "support/paintrecord.h"
+#include "support/tooltip.h"
 
 #include <QHeaderView>
 #include <QPainter>
@@ -23,6 +24,7 @@ private slots:
     void allLinesOfACellAreShown_data();
     void allLinesOfACellAreShown();
     void aLongLineIsElidedNotWrapped();
+    void aCutOffNameIsToldWhole();
     void anEmptyCellIsLeftAlone();
     void keysChooseRooms();
     void keysInAnEmptyTableChooseNothing();
@@ -229,6 +231,33 @@ void TestLineTableWidget::aLongLineIsElidedNotWrapped()
     QVERIFY(first.startsWith(QStringLiteral("word word")));
     QVERIFY(first.endsWith(QChar(0x2026)));
     QVERIFY(table.item(0, 0)->text().size() > 500);
+}
+
+void TestLineTableWidget::aCutOffNameIsToldWhole()
+{
+    LineTableWidget table;
+    table.setColumnCount(2);
+    table.setRowCount(3);
+    const QString name = QStringLiteral("<b>The room behind the kitchen</b> of the old house");
+    const QString results = QStringLiteral("\nNow:62%\nN/A");
+    table.setItem(0, 0, new QTableWidgetItem(name + results));
+    table.setItem(1, 0, new QTableWidgetItem(QStringLiteral("Attic") + results));
+    table.setItem(
+        2, 0, new QTableWidgetItem(QString(1000000, QLatin1Char('W')) + QChar(0x202e) + results));
+    table.resize(300, 300);
+    table.show();
+    const auto tipOf = [&table](int row, int column) {
+        return ToolTipAt(
+            table.viewport(), table.visualRect(table.model()->index(row, column)).center());
+    };
+    QCOMPARE(tipOf(0, 0), name + results);
+    QCOMPARE(tipOf(1, 0), QString());
+    QCOMPARE(tipOf(0, 1), QString());
+    const QString endless = tipOf(2, 0);
+    QVERIFY(endless.startsWith(QStringLiteral("WWW")) && endless.endsWith(results));
+    QVERIFY(endless.size() < 400 && !endless.contains(QChar(0x202e)));
+    table.resize(2000, 300);
+    QCOMPARE(tipOf(0, 0), QString());
 }
 
 void TestLineTableWidget::anEmptyCellIsLeftAlone()

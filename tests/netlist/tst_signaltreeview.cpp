@@ -1,10 +1,13 @@
 #include "common/QtCommonTools.h"
 #include "i18n/languagelabels.h"
 #include "netlist/signaltreeview.h"
+#include "support/paintrecord.h"
 #include "support/testair.h"
+#include "support/tooltip.h"
 
 #include <QCheckBox>
 #include <QHeaderView>
+#include <QPainter>
 #include <QSortFilterProxyModel>
 #include <QtTest>
 
@@ -41,10 +44,14 @@ private slots:
     void changesTheLanguageOfItsHeaders();
     void staysResponsiveWithHostileNames();
     void selectionSurvivesAScan();
+    void tellsExactlyTheCutOffTextsWhole();
+    void toolTipsShowHostileNamesHarmlessly();
 
 private:
     QRect checkBox(int row) const;
     QStringList column(int column) const;
+    QString toolTip(const QModelIndex &index) const;
+    QString drawn(const QModelIndex &index) const;
 
     QScopedPointer<SignalTreeView> m_view;
 };
@@ -297,6 +304,72 @@ void TestSignalTreeView::selectionSurvivesAScan()
     scan[3].rssi = -1;
     m_view->onDataReturned(scan);
     QCOMPARE(m_view->currentIndex().data().toString(), QStringLiteral("Network 003"));
+}
+
+/// What the mouse is told when it rests over the cell.
+QString TestSignalTreeView::toolTip(const QModelIndex &index) const
+{
+    return ToolTipAt(m_view->viewport(), m_view->visualRect(index).center());
+}
+
+/// The text that is drawn into the cell.
+QString TestSignalTreeView::drawn(const QModelIndex &index) const
+{
+    QStyleOptionViewItem option;
+    option.initFrom(m_view.data());
+    option.widget = m_view.data();
+    option.font = m_view->font();
+    option.rect = m_view->visualRect(index);
+    option.textElideMode = m_view->textElideMode();
+    option.displayAlignment = Qt::AlignLeft | Qt::AlignVCenter;
+    PaintRecord record(m_view->viewport()->size());
+    QPainter painter(&record);
+    m_view->itemDelegate(index)->paint(&painter, option, index);
+    painter.end();
+    QString text;
+    for (const PaintStep &step : record.texts())
+        text += step.text;
+    return text;
+}
+
+void TestSignalTreeView::tellsExactlyTheCutOffTextsWhole()
+{
+    const QString name = QStringLiteral("The network of the old house");
+    m_view->onDataReturned({network(name), network(QStringLiteral("A"))});
+    const QModelIndex cell = m_view->model()->index(1, SignalMode::SsidColumn);
+    for (bool bold : {false, true}) {
+        int told = 0;
+        int whole = 0;
+        for (int width = 150; width < 300; ++width) {
+            m_view->setColumnWidth(SignalMode::SsidColumn, width);
+            const bool isCutOff = drawn(cell).contains(QChar(0x2026));
+            QCOMPARE(drawn(cell) == name, !isCutOff);
+            QCOMPARE(toolTip(cell), isCutOff ? name : QString());
+            ++(isCutOff ? told : whole);
+        }
+        QVERIFY2(told > 10 && whole > 10, qPrintable(QStringLiteral("%1 %2").arg(told).arg(whole)));
+        if (!bold)
+            m_view->onNetworkReturned(name);
+    }
+    // Neither of a short one nor of the tick.
+    QCOMPARE(toolTip(m_view->model()->index(0, SignalMode::SsidColumn)), QString());
+    QCOMPARE(toolTip(m_view->model()->index(1, SignalMode::TickColumn)), QString());
+    m_view->setColumnWidth(SignalMode::SecurityColumn, 30);
+    QCOMPARE(
+        toolTip(m_view->model()->index(1, SignalMode::SecurityColumn)), QStringLiteral("WPA2-PSK"));
+}
+
+void TestSignalTreeView::toolTipsShowHostileNamesHarmlessly()
+{
+    const QString markup = QStringLiteral("<img src='/dev/zero'><b>really</b> a net of </div>");
+    const QString turned = QString(50, QLatin1Char('W')) + QStringLiteral("\u202egnp.exe\n\x1b");
+    const QString huge(1000000, QLatin1Char('Z'));
+    m_view->onDataReturned({network(markup), network(turned), network(huge)});
+    QCOMPARE(toolTip(m_view->model()->index(0, SignalMode::SsidColumn)), markup);
+    const QString told = toolTip(m_view->model()->index(1, SignalMode::SsidColumn));
+    QVERIFY(!told.contains(QChar(0x202e)) && !told.contains(QChar(0x1b)));
+    QVERIFY(told.contains(QStringLiteral(u"gnp.exe\u240a\u241b")));
+    QVERIFY(toolTip(m_view->model()->index(2, SignalMode::SsidColumn)).size() < 300);
 }
 
 QTEST_MAIN(TestSignalTreeView)
