@@ -158,6 +158,10 @@ void Airlume::dragTo(const QPoint &cursor)
 void Airlume::onStatusChange(QString status)
 {
     m_pStatusLabel->setText(status);
+    m_pStatusLabel->setToolTip(
+        status == SignalNetworkScanThread::noRadioStatus()
+            ? QStringLiteral("The command airlume-plugincheck tells what is wrong and what to do.")
+            : QString());
 }
 
 void Airlume::onNetworkReturned(QString ssid)

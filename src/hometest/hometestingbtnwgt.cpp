@@ -24,6 +24,8 @@ void HomeTestingBtnWgt::Init()
     m_pTestBtn->setObjectName(QStringLiteral("HomeTesting_btn_Test"));
     m_pTestBtn->setText(QtCommonTools::tr(LanguageLabels::m_strHomeTest));
     m_pTestBtn->setAutoDefault(true);
+    m_pTestBtn->setToolTip(
+        QStringLiteral("Values are up to 20 s old: stand still that long before pressing."));
     m_pTestBtn->hide();
     connect(m_pTestBtn, SIGNAL(clicked()), this, SIGNAL(ClickedCurrentBtn()));
     m_pLayout->addWidget(m_pTestBtn, 0, Qt::AlignRight | Qt::AlignVCenter);

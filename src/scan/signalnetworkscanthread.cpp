@@ -9,6 +9,11 @@ namespace
 const unsigned long PeriodSeconds = 4;
 }
 
+QString SignalNetworkScanThread::noRadioStatus()
+{
+    return QStringLiteral("Please make sure turn on the wireless radio.");
+}
+
 SignalNetworkScanThread::SignalNetworkScanThread(QObject *parent)
     : QThread(parent)
 {
@@ -74,5 +79,5 @@ void SignalNetworkScanThread::query(QString &nicArgument, QList<ScanMap> &networ
 
 void SignalNetworkScanThread::reportNoRadio()
 {
-    emit statusChange(QStringLiteral("Please make sure turn on the wireless radio."));
+    emit statusChange(noRadioStatus());
 }

@@ -16,6 +16,9 @@ class SignalNetworkScanThread : public QThread
     Q_OBJECT
 
 public:
+    /// The status text while no interface can scan.
+    static QString noRadioStatus();
+
     explicit SignalNetworkScanThread(QObject *parent);
     ~SignalNetworkScanThread() override;
 

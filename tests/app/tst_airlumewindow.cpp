@@ -207,6 +207,13 @@ void TestAirlumeWindow::showsTheStatus()
     const QLabel *status = m_window->child<QLabel>("statuslabel");
     m_window->get()->onStatusChange(QStringLiteral("Scanning..."));
     QCOMPARE(status->text(), QStringLiteral("Scanning..."));
+    QCOMPARE(status->toolTip(), QString());
+    // Where nothing is heard, who can tell why.
+    m_window->get()->onStatusChange(QStringLiteral("Please make sure turn on the wireless radio."));
+    QVERIFY2(status->toolTip().contains(QStringLiteral("airlume-plugincheck")),
+        qPrintable(status->toolTip()));
+    m_window->get()->onStatusChange(QStringLiteral("Scanning..."));
+    QCOMPARE(status->toolTip(), QString());
     m_window->get()->onStatusChange(QString());
     QCOMPARE(status->text(), QString());
 }

@@ -29,6 +29,7 @@ void TestHomeTestingBtnWgt::startsWithAHiddenButton()
     const QPushButton *button = widget.findChild<QPushButton *>();
     QCOMPARE(button->objectName(), QStringLiteral("HomeTesting_btn_Test"));
     QCOMPARE(button->text(), QStringLiteral("Test"));
+    QVERIFY(button->toolTip().contains(QStringLiteral("20 s")));
     QVERIFY(button->isHidden());
 }
 
