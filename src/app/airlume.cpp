@@ -250,6 +250,12 @@ void Airlume::changeEvent(QEvent *event)
         onBtnRestoreClicked();
 }
 
+void Airlume::closeEvent(QCloseEvent *)
+{
+    // Otherwise the event loop would end, and the window's destructor wait for the back end.
+    onBtnCloseClicked();
+}
+
 void Airlume::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);

@@ -71,6 +71,8 @@ public slots:
 
 protected:
     void changeEvent(QEvent *event) override;
+    /// The desktop asks the window to close: as its close button, ends the process at once.
+    void closeEvent(QCloseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private:

@@ -60,7 +60,8 @@ private slots:
     void signalsReachTheirReceiversInOrder();
     void threadSignalsArriveQueued_data();
     void threadSignalsArriveQueued();
-    void closeButtonEndsTheProcessAtOnce();
+    void closingEndsTheProcessAtOnce_data();
+    void closingEndsTheProcessAtOnce();
     void typesOfThreadSignalsAreRegistered();
 
 private:
@@ -230,14 +231,22 @@ void TestAirlumeConnections::threadSignalsArriveQueued()
     QCOMPARE(messages.messages(QtWarningMsg), QStringList());
 }
 
-void TestAirlumeConnections::closeButtonEndsTheProcessAtOnce()
+void TestAirlumeConnections::closingEndsTheProcessAtOnce_data()
 {
-    QPushButton *close = m_window->child<QPushButton>("close1");
+    QTest::addColumn<Emission>("closes");
+    QTest::newRow("by the button")
+        << Emission([this] { emit m_window->child<QPushButton>("close1")->clicked(); });
+    QTest::newRow("by the desktop") << Emission([this] { m_window->get()->close(); });
+}
+
+void TestAirlumeConnections::closingEndsTheProcessAtOnce()
+{
+    QFETCH(Emission, closes);
     const pid_t child = fork();
     if (child == 0) {
         // What runs at an orderly end must not run.
         std::atexit([] { _exit(4); });
-        emit close->clicked();
+        closes();
         _exit(3);
     }
     int status = -1;
