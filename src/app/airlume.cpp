@@ -175,6 +175,19 @@ void Airlume::onNetworkReturned(QString ssid)
     m_pConnectedLabel->setText(m_strConnected);
 }
 
+void Airlume::onNetworkLeft()
+{
+    const QString none;
+    onNetworkReturned(none);
+    m_pDashboard->onNetworkReturned(none);
+    m_pChannelInterface->NetworkLeft();
+    m_pHomeTesting->onNetworkReturned(none);
+    m_pHomeTesting->SetSignalValue(0);
+    m_pHomeTesting->SetSignalSpeedValue(0);
+    // An empty name would empty it.
+    m_pTreeView->NetworkLeft();
+}
+
 void Airlume::slotNewProcess() {}
 
 void Airlume::onStartBtnClicked() {}

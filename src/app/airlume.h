@@ -55,6 +55,8 @@ public slots:
     void onStatusChange(QString status);
     /// Shows the joined network's name, or that there is none, under the gauge.
     void onNetworkReturned(QString ssid);
+    /// Tells the views that no network is joined any more, although scans go on.
+    void onNetworkLeft();
     /// A second copy was started and has ended: on purpose this one stays as it is.
     void slotNewProcess();
     /// For a start button, which the window does not have.

@@ -88,4 +88,5 @@ void Airlume::connectThreads()
 
     connect(
         m_pScanThread, SIGNAL(speedReturned(int)), m_pHomeTesting, SLOT(SetSignalSpeedValue(int)));
+    connect(m_pScanThread, SIGNAL(networkLeft()), this, SLOT(onNetworkLeft()));
 }

@@ -133,12 +133,19 @@ void ChannelInterfaceWgt::GetClarityFormNetworkConnCount(int count, QString &cla
 
 void ChannelInterfaceWgt::onNetworkReturned(QString name)
 {
+    m_bHasLeft = false;
     m_strNetworkName = name;
     if (m_strNetworkName == LanguageLabels::m_strEmpty) {
         m_iCurrentChannel = NoChannel;
         SetCurrentNetworkChannel(
             NoChannel, NoChannel, LanguageLabels::m_strEmpty, LanguageLabels::m_strEmpty);
     }
+}
+
+void ChannelInterfaceWgt::NetworkLeft()
+{
+    onNetworkReturned(LanguageLabels::m_strEmpty);
+    m_bHasLeft = true;
 }
 
 void ChannelInterfaceWgt::slotDataReturned(QVector<WifiProperty> networks)
@@ -155,7 +162,7 @@ void ChannelInterfaceWgt::slotDataReturned(QVector<WifiProperty> networks)
     m_census.Clear();
     for (const WifiProperty &network : qAsConst(networks)) {
         const int channel = m_census.Add(network.channel);
-        if (network.ssid == m_strNetworkName)
+        if (!m_bHasLeft && network.ssid == m_strNetworkName)
             m_iCurrentChannel = channel;
     }
 

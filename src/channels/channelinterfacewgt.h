@@ -43,6 +43,8 @@ public:
     void CreateChannelLst();
     /// Sets the captions of the current channel's area again in the current language.
     void ChangeLanguage();
+    /// No network is joined any more.
+    void NetworkLeft();
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -60,6 +62,8 @@ private:
     void FitListWidth();
 
     QString m_strNetworkName;
+    /// No record is the joined network's then: not even one without a name.
+    bool m_bHasLeft = false;
     int m_iCurrentChannel = -1;
     ChannelCensus m_census;
     QList<_Channel_Property> m_lstChannel;

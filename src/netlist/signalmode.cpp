@@ -5,6 +5,7 @@
 #include "netlist/signalitems.h"
 
 #include <QDebug>
+#include <QFont>
 
 #include <algorithm>
 
@@ -161,6 +162,31 @@ void SignalMode::updateData(const QString &name)
     m_connectedName = name;
 }
 
+void SignalMode::setJoined(const QString &ssid)
+{
+    if (ssid == m_joined)
+        return;
+    const QString before = m_joined;
+    m_joined = ssid;
+    tellFont(before);
+    tellFont(ssid);
+}
+
+/// Hidden networks have no name, and neither has no network.
+bool SignalMode::isJoined(int row) const
+{
+    return !m_joined.isEmpty() && ssidAt(row) == m_joined;
+}
+
+/// Tells the views that the row of the network `ssid`, if there is one, has another font.
+void SignalMode::tellFont(const QString &ssid)
+{
+    for (int row = 0; !ssid.isEmpty() && row < rowCount(); ++row) {
+        if (ssidAt(row) == ssid)
+            emit dataChanged(index(row, SsidColumn), index(row, BssidColumn), {Qt::FontRole});
+    }
+}
+
 bool SignalMode::isTicked(int row) const
 {
     return QStandardItemModel::data(index(row, TickColumn), Qt::EditRole).toBool();
@@ -208,6 +234,10 @@ QVariant SignalMode::data(const QModelIndex &index, int role) const
             return isTicked(index.row()) ? Qt::Checked : Qt::Unchecked;
         if (role == Qt::AccessibleTextRole)
             return ssidAt(index.row());
+    } else if (role == Qt::FontRole && index.isValid() && isJoined(index.row())) {
+        QFont font;
+        font.setBold(true);
+        return font;
     }
     return QStandardItemModel::data(index, role);
 }

@@ -38,6 +38,10 @@ public:
     /// Drops the last row to make room for the joined network `name`. The model must have rows.
     void updateData(const QString &name);
 
+    /// Shows the row of the network `ssid` in bold, also when it comes later, and no other. Empty:
+    /// none is joined.
+    void setJoined(const QString &ssid);
+
     /// Whether the row's network is ticked.
     bool isTicked(int row) const;
     /// SSID of the row.
@@ -47,7 +51,7 @@ public:
     /// left as it is. Always true.
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
     /// As the base, with the tick as check state and the SSID as accessible text of column 0, whose
-    /// picture is painted by a delegate.
+    /// picture is painted by a delegate, and a bold font for the texts of the joined network.
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
 
     /// Forgets all networks and removes all rows.
@@ -70,6 +74,8 @@ private:
     bool updateRow(const WifiProperty &network);
     void addRow(const WifiProperty &network);
     void setTick(const QModelIndex &index, bool ticked);
+    bool isJoined(int row) const;
+    void tellFont(const QString &ssid);
 
     QMap<int, QString> m_rowSsidMap;
     bool m_stopped = false;
@@ -79,6 +85,7 @@ private:
     int m_updateCount = 0;
     bool m_pendingConnected = false;
     QString m_connectedName;
+    QString m_joined;
 };
 
 #endif

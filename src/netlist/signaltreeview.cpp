@@ -12,7 +12,9 @@ namespace
 {
 const int TickColumnWidth = 20;
 const int SsidColumnWidth = 200;
-/// Holds the longest usual security text whole.
+/// Leaves room for what is bold: a hardware address beside the scroll bar, and the longest usual
+/// security text.
+const int ChannelColumnWidth = 80;
 const int SecurityColumnWidth = 156;
 const int HeaderHeight = 22;
 const int CheckAllSide = 16;
@@ -76,6 +78,7 @@ void SignalTreeView::retranslateUi()
 {
     setColumnWidth(SignalMode::TickColumn, TickColumnWidth);
     setColumnWidth(SignalMode::SsidColumn, SsidColumnWidth);
+    setColumnWidth(SignalMode::ChannelColumn, ChannelColumnWidth);
     setColumnWidth(SignalMode::SecurityColumn, SecurityColumnWidth);
     setIndentation(0);
 }
@@ -105,6 +108,7 @@ void SignalTreeView::onNetworkReturned(QString name)
     static int lCount = 0;
     static bool bIsNotConnect = false;
 
+    m_model.setJoined(name);
     if (name != strOld) {
         bIsFirst = true;
         m_needUpdate = true;
@@ -136,6 +140,11 @@ void SignalTreeView::onNetworkReturned(QString name)
             ++lCount;
         }
     }
+}
+
+void SignalTreeView::NetworkLeft()
+{
+    m_model.setJoined(QString());
 }
 
 void SignalTreeView::onStartScan()

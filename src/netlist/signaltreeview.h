@@ -26,6 +26,8 @@ public:
     void EmptyWifiPropertyMap();
     /// Sets the column widths and the indentation again.
     void retranslateUi();
+    /// No network is joined any more, although scans go on: no row is bold, and all else stays.
+    void NetworkLeft();
 
 signals:
     /// The graphs are to show or hide the curve of `ssid`.
@@ -40,7 +42,8 @@ signals:
 public slots:
     /// Merges one scan result.
     void onDataReturned(QVector<WifiProperty> networks);
-    /// Ticks the joined network when it changes; empties the list at the third empty name in a row.
+    /// Ticks the joined network when it changes, and shows it in bold; empties the list at the
+    /// third empty name in a row.
     void onNetworkReturned(QString name);
     /// Empties the list and starts anew.
     void onStartScan();

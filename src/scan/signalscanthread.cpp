@@ -79,6 +79,8 @@ void SignalScanThread::pass()
     emit signalReturned(0);
     emit speedReturned(0);
     emit networkReturned(QString());
+    // Who hears that has heard that the network is left.
+    m_wasJoined = false;
 }
 
 void SignalScanThread::scanNetwork()
@@ -95,6 +97,7 @@ void SignalScanThread::scanNetwork()
     }
 
     QVector<WifiProperty> result;
+    bool isJoined = false;
     QHash<QString, TriedNames> tried;
     for (const ScanMap &map : qAsConst(m_mapList)) {
         const QString bssid = map.value(QStringLiteral("bssid"));
@@ -110,6 +113,7 @@ void SignalScanThread::scanNetwork()
         property.rssi = map.value(QStringLiteral("WLAN_NETWORK_SIGNAL")).toInt();
         property.channel = map.value(QStringLiteral("channel")).toInt();
         property.spareB = -1;
+        isJoined = isJoined || property.connected;
         if (property.connected && !m_exit) {
             emit networkReturned(property.ssid);
             emit signalReturned(limitedSignal(property.rssi));
@@ -119,6 +123,9 @@ void SignalScanThread::scanNetwork()
         m_ssidToBssid.insert(name, bssid);
     }
     if (!result.isEmpty() && !m_exit) {
+        if (m_wasJoined && !isJoined)
+            emit networkLeft();
+        m_wasJoined = isJoined;
         m_lastData = result;
         emit dataReturned(result);
         m_repeatCount = 0;

@@ -46,6 +46,9 @@ signals:
     void signalReturned(int rssi);
     /// Link rate of the joined network in Mbps; 0 when unknown or there is none.
     void speedReturned(int mbps);
+    /// The interface is there and no longer joined to any network. No empty networkReturned(): that
+    /// one means no interface, and empties the list.
+    void networkLeft();
 
 protected:
     void run() override;
@@ -71,6 +74,7 @@ private:
     QVector<WifiProperty> m_lastData;
     int m_repeatCount = 0;
     QList<ScanMap> m_mapList;
+    bool m_wasJoined = false; ///< A network was, on the last fresh pass. run() alone.
 };
 
 #endif

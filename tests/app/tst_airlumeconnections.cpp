@@ -111,6 +111,8 @@ void TestAirlumeConnections::addThreadSignals()
                QStringLiteral("ChannelInterfaceWgt::onNetworkReturned(QString)"),
                QStringLiteral("SignalHomeTestingWgt::onNetworkReturned(QString)"),
                QStringLiteral("SignalTreeView::onNetworkReturned(QString)")});
+    QTest::newRow("networkLeft") << Emission([scan] { emit scan->networkLeft(); })
+                                 << QStringList({QStringLiteral("Airlume::onNetworkLeft()")});
     // The list before the graphs: what it prunes is hidden before they see the new records.
     QTest::newRow("dataReturned")
         << Emission([scan] { emit scan->dataReturned(TestAir::networks(3)); })

@@ -55,6 +55,7 @@ private slots:
     void roomIsTestedWithSignalAndSpeed();
     void tickedNetworkIsDrawnInItsGraphs();
     void joinedNetworkIsTickedAndDrawn();
+    void leavingTheNetworkEndsItsValuesAndKeepsTheList();
     void lostInterfaceTurnsEverythingOff();
     void stoppingFreezesTheListAndClearsTheGraphs();
     void startingClearsTheList();
@@ -71,6 +72,7 @@ private:
     /// Clicks the tick of the row of `ssid`.
     void clickTick(const QString &ssid);
     QStringList listed() const;
+    bool isBold(const QString &ssid) const;
     QString channelShown() const;
     QString roomText() const;
     QLabel *picture() const;
@@ -141,6 +143,12 @@ QStringList TestAirlumeData::listed() const
     for (int row = 0; row < m_list->model()->rowCount(); ++row)
         names.append(m_list->model()->index(row, SignalMode::SsidColumn).data().toString());
     return names;
+}
+
+bool TestAirlumeData::isBold(const QString &ssid) const
+{
+    const QModelIndex row = m_list->model()->index(listed().indexOf(ssid), SignalMode::SsidColumn);
+    return row.data(Qt::FontRole).value<QFont>().bold();
 }
 
 /// What the channel panel shows as the joined network's channel.
@@ -250,6 +258,43 @@ void TestAirlumeData::joinedNetworkIsTickedAndDrawn()
     fromElsewhere([this] { emit m_scan->networkReturned(QStringLiteral("Home")); });
     QCOMPARE(curves(m_2g, true), 1);
     QCOMPARE(curves(m_time, true), 2);
+}
+
+void TestAirlumeData::leavingTheNetworkEndsItsValuesAndKeepsTheList()
+{
+    const MessageLog log;
+    const QStringList before = listed();
+    const int drawn = curves(m_time, true);
+    const QString result = roomText();
+    QVERIFY(m_gauge->IsConnected());
+    QVERIFY(isBold(QStringLiteral("Home")));
+    fromElsewhere([this] { emit m_scan->networkLeft(); });
+
+    QCOMPARE(m_window->child<QLabel>("label_connectedto")->text(), QStringLiteral("Not Connected"));
+    QVERIFY(!m_gauge->IsConnected());
+    QCOMPARE(m_gauge->SignalValue(), 0);
+    QCOMPARE(channelShown(), QString());
+    QVERIFY(!isBold(QStringLiteral("Home")));
+    testingARoomNeedsAJoinedNetwork();
+    QCOMPARE(roomText(), result);
+    // However often: the list and the curves stay.
+    for (int times = 0; times < 5; ++times)
+        fromElsewhere([this] { emit m_scan->networkLeft(); });
+    QCOMPARE(listed(), before);
+    QCOMPARE(curves(m_time, true), drawn);
+
+    fromElsewhere([this] {
+        emit m_scan->networkReturned(QStringLiteral("Home"));
+        emit m_scan->signalReturned(-60);
+    });
+    QCOMPARE(
+        m_window->child<QLabel>("label_connectedto")->text(), QStringLiteral("Connected to Home"));
+    QCOMPARE(m_gauge->SignalValue(), -60);
+    QVERIFY(isBold(QStringLiteral("Home")));
+    m_rooms->ClickedTestBtn();
+    // The speed is that of the new link, not of the one before.
+    QVERIFY2(
+        roomText().contains(QStringLiteral("Now:40% signal and 0 Mbps")), qPrintable(roomText()));
 }
 
 void TestAirlumeData::lostInterfaceTurnsEverythingOff()

@@ -1,10 +1,14 @@
 #include "app/builtwindow.h"
 #include "app/ink.h"
+#include "netlist/signaltreeview.h"
+#include "support/testair.h"
+#include "support/tooltip.h"
 
 #include <QDir>
 #include <QFrame>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QtTest>
 
@@ -35,6 +39,7 @@ private slots:
     void everyLanguageFitsIntoTheWindow();
     void everyTabFitsIntoTheWindow();
     void barsCutNothingOff();
+    void joinedNetworksRowIsReadWhole();
 
 private:
     QScopedPointer<BuiltWindow> m_window;
@@ -230,6 +235,26 @@ void TestAirlumeFit::barsCutNothingOff()
         const QLabel *label = m_window->child<QLabel>(name);
         QVERIFY2(label->fontMetrics().horizontalAdvance(label->text()) <= label->width(), name);
         QVERIFY2(label->fontMetrics().height() <= label->height(), name);
+    }
+}
+
+void TestAirlumeFit::joinedNetworksRowIsReadWhole()
+{
+    SignalTreeView *list = m_window->child<SignalTreeView>();
+    QVector<WifiProperty> scan = TestAir::networks(15);
+    // As wide as they come, in bold and beside the scroll bar.
+    scan[0].bssid = QStringLiteral("dd:dd:dd:dd:dd:dd");
+    scan[0].security = QStringLiteral("WPA/WPA2-PSK");
+    scan[0].rssi = -100;
+    scan[0].channel = 6233;
+    list->onDataReturned(scan);
+    list->onNetworkReturned(scan[0].ssid);
+    QTRY_VERIFY_WITH_TIMEOUT(list->verticalScrollBar()->isVisible(), 60000);
+    QVERIFY(!list->horizontalScrollBar()->isVisible());
+    for (int column = SignalMode::SsidColumn; column < SignalMode::ColumnCount; ++column) {
+        const QModelIndex cell = list->model()->index(0, column);
+        QVERIFY(cell.data(Qt::FontRole).value<QFont>().bold());
+        QCOMPARE(ToolTipAt(list->viewport(), list->visualRect(cell).center()), QString());
     }
 }
 

@@ -43,6 +43,7 @@ private slots:
     void keepsTheOldChannelWhenTheNetworkIsMissing();
     void showsNoRatingForAChannelNobodyWasHeardOn();
     void anEmptyNameClearsTheSummaryAtOnce();
+    void leavingTheNetworkClearsTheSummaryForGood();
     void aNameTakesEffectWithTheNextEvaluation();
     void recommendsInGreen();
     void aNewLanguageSetsTheCaptionsOnly();
@@ -234,6 +235,21 @@ void TestChannelInterfaceWgt::anEmptyNameClearsTheSummaryAtOnce()
     // Without a joined network nothing is recommended either.
     evaluate(onChannels({6}));
     QCOMPARE(summary(4, 0)->text(), QString());
+}
+
+void TestChannelInterfaceWgt::leavingTheNetworkClearsTheSummaryForGood()
+{
+    m_panel->onNetworkReturned(QStringLiteral("Net 0"));
+    evaluate(onChannels({6}));
+    m_panel->NetworkLeft();
+    QCOMPARE(summary(0, 1)->text(), QString());
+    QCOMPARE(summary<QProgressBar>(2, 0)->value(), 0);
+    // Scans go on; a hidden network has no name either, and is not the joined one.
+    evaluate({TestAir::network(QString(), -50, 11), TestAir::network(QStringLiteral("Net 0"))});
+    QCOMPARE(summary(0, 1)->text(), QString());
+    m_panel->onNetworkReturned(QStringLiteral("Net 1"));
+    evaluate(onChannels({6, 11}));
+    QCOMPARE(summary(0, 1)->text(), text("11"));
 }
 
 void TestChannelInterfaceWgt::aNameTakesEffectWithTheNextEvaluation()

@@ -2,6 +2,7 @@
 #include "netlist/signaltreeview.h"
 #include "support/testair.h"
 
+#include <QAbstractItemModelTester>
 #include <QtTest>
 
 using TestAir::network;
@@ -21,6 +22,7 @@ private slots:
     void emptiesItselfAtTheThirdEmptyName();
     void leavesATickedJoinedNetworkAlone();
     void waitsForRowsBeforeItMakesRoom();
+    void leavingEndsTheBoldRowAndNothingElse();
 };
 
 void TestJoinedNetwork::ticksTheJoinedNetworkOnceForEachChange()
@@ -130,6 +132,57 @@ void TestJoinedNetwork::waitsForRowsBeforeItMakesRoom()
     view.onDataReturned(networks(3));
     view.onNetworkReturned(QStringLiteral("Joined"));
     QCOMPARE(view.model()->rowCount(), 2);
+}
+
+void TestJoinedNetwork::leavingEndsTheBoldRowAndNothingElse()
+{
+    const QString name = QStringLiteral("Network 001");
+    SignalTreeView view;
+    const QAbstractItemModelTester tester(
+        view.model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+    view.onDataReturned(networks(3));
+    const auto boldRows = [&view] {
+        QStringList bold;
+        for (int row = 0; row < view.model()->rowCount(); ++row) {
+            const QModelIndex cell = view.model()->index(row, SignalMode::SsidColumn);
+            if (cell.data(Qt::FontRole).value<QFont>().bold())
+                bold.append(cell.data().toString());
+        }
+        return bold;
+    };
+    view.CancelAll();
+    view.onNetworkReturned(name);
+    QCOMPARE(boldRows(), QStringList(name));
+    QSignalSpy shown(&view, &SignalTreeView::showCurve);
+    QSignalSpy emptied(&view, &SignalTreeView::signalEmpty);
+    for (int times = 0; times < 5; ++times)
+        view.NetworkLeft();
+    QCOMPARE(boldRows(), QStringList());
+    QCOMPARE(view.model()->rowCount(), 3);
+
+    // Back to the same network: bold, and not ticked again. Nothing has counted as a loss.
+    view.CancelAll();
+    shown.clear();
+    view.onNetworkReturned(name);
+    QCOMPARE(boldRows(), QStringList(name));
+    QCOMPARE(shown.size(), 0);
+    view.onNetworkReturned(QString());
+    QCOMPARE(boldRows(), QStringList());
+    view.NetworkLeft();
+    view.onNetworkReturned(QString());
+    QCOMPARE(emptied.size(), 0);
+    view.onNetworkReturned(QString());
+    QCOMPARE(emptied.size(), 1);
+
+    // To another one by way of none: ticked as by any change.
+    view.onDataReturned(networks(3));
+    view.onNetworkReturned(name);
+    view.CancelAll();
+    view.NetworkLeft();
+    shown.clear();
+    view.onNetworkReturned(QStringLiteral("Network 002"));
+    QCOMPARE(shown, QList<QVariantList>({{2, QStringLiteral("Network 002"), true}}));
+    QCOMPARE(boldRows(), QStringList(QStringLiteral("Network 002")));
 }
 
 QTEST_MAIN(TestJoinedNetwork)

@@ -5,6 +5,7 @@
 #include "support/testair.h"
 
 #include <QAbstractItemModelTester>
+#include <QFont>
 #include <QtTest>
 
 using TestAir::network;
@@ -43,9 +44,14 @@ private slots:
     void tellsNoGraphAboutAnEmptyName();
     void startWipesEverythingAndThaws();
     void emptyForgetsRowsAndSeenNames();
+    void showsTheJoinedNetworkInBold();
+    void boldFollowsItsNetworkThroughTheList();
+    void changingTheJoinedNetworkTellsItsRowsOnly();
+    void aNamelessNetworkIsNeverBold();
 
 private:
     QStringList ssids() const;
+    QString boldRows() const;
     QString text(int row, int column) const;
 
     QScopedPointer<SignalMode> m_model;
@@ -424,6 +430,101 @@ void TestSignalMode::emptyForgetsRowsAndSeenNames()
     for (int call = 4; call <= 6; ++call)
         m_model->updateData(networks(1));
     QCOMPARE(m_model->rowCount(), 1);
+}
+
+QString TestSignalMode::boldRows() const
+{
+    QStringList bold;
+    for (int row = 0; row < m_model->rowCount(); ++row) {
+        int cells = 0;
+        for (int column = 0; column < m_model->columnCount(); ++column) {
+            const QVariant font = m_model->index(row, column).data(Qt::FontRole);
+            cells += font.value<QFont>().bold() ? 1 : 0;
+            // Nothing else of the view's font is changed.
+            if (font.isValid() && font.value<QFont>().resolve() != QFont::WeightResolved)
+                return QStringLiteral("another font");
+        }
+        if (cells != 0 && cells != SignalMode::BssidColumn)
+            return QStringLiteral("%1 cells").arg(cells);
+        if (cells != 0)
+            bold.append(m_model->ssidAt(row));
+    }
+    return bold.join(QLatin1Char(','));
+}
+
+void TestSignalMode::showsTheJoinedNetworkInBold()
+{
+    m_model->updateData(networks(3));
+    QCOMPARE(boldRows(), QString());
+    const QStringList before = ssids();
+    m_model->setJoined(QStringLiteral("Network 001"));
+    QCOMPARE(boldRows(), QStringLiteral("Network 001"));
+    m_model->setJoined(QStringLiteral("Network 002"));
+    QCOMPARE(boldRows(), QStringLiteral("Network 002"));
+    m_model->setJoined(QStringLiteral("Network 002 "));
+    QCOMPARE(boldRows(), QString());
+    m_model->setJoined(QStringLiteral("Network 000"));
+    m_model->setJoined(QString());
+    QCOMPARE(boldRows(), QString());
+    QCOMPARE(ssids(), before);
+    QVERIFY(m_shown->isEmpty());
+}
+
+void TestSignalMode::boldFollowsItsNetworkThroughTheList()
+{
+    // Before it has a row.
+    m_model->setJoined(QStringLiteral("Home"));
+    m_model->updateData(networks(3));
+    QCOMPARE(boldRows(), QString());
+    QVector<WifiProperty> scan = networks(3);
+    scan.append(network(QStringLiteral("Home")));
+    m_model->updateData(scan);
+    QCOMPARE(boldRows(), QStringLiteral("Home"));
+    // Those before it are pruned, and then it is.
+    for (int times = 0; times < 6; ++times)
+        m_model->updateData({network(QStringLiteral("Home"))});
+    QCOMPARE(ssids(), QStringList(QStringLiteral("Home")));
+    QCOMPARE(boldRows(), QStringLiteral("Home"));
+    for (int times = 0; times < 6; ++times)
+        m_model->updateData(networks(2));
+    QCOMPARE(boldRows(), QString());
+    m_model->updateData({network(QStringLiteral("Home"))});
+    QCOMPARE(boldRows(), QStringLiteral("Home"));
+    m_model->EmptyWifiPropertyMap();
+    m_model->updateData({network(QStringLiteral("Home"))});
+    QCOMPARE(boldRows(), QStringLiteral("Home"));
+}
+
+void TestSignalMode::changingTheJoinedNetworkTellsItsRowsOnly()
+{
+    m_model->updateData(networks(3));
+    m_model->setJoined(QStringLiteral("Network 000"));
+    QSignalSpy changed(m_model.data(), &SignalMode::dataChanged);
+    m_model->setJoined(QStringLiteral("Network 000"));
+    QCOMPARE(changed.size(), 0);
+    m_model->setJoined(QStringLiteral("Network 002"));
+    QCOMPARE(changed.size(), 2);
+    QList<int> rows;
+    for (const QVariantList &change : qAsConst(changed)) {
+        const QModelIndex from = change.at(0).toModelIndex();
+        const QModelIndex to = change.at(1).toModelIndex();
+        QCOMPARE(from.row(), to.row());
+        QCOMPARE(from.column(), int(SignalMode::SsidColumn));
+        QCOMPARE(to.column(), int(SignalMode::BssidColumn));
+        QCOMPARE(change.at(2).value<QVector<int>>(), QVector<int>({Qt::FontRole}));
+        rows.append(from.row());
+    }
+    QCOMPARE(rows, QList<int>({0, 2}));
+}
+
+void TestSignalMode::aNamelessNetworkIsNeverBold()
+{
+    m_model->updateData({network(QString()), network(QStringLiteral("Home"))});
+    m_model->setJoined(QString());
+    QCOMPARE(boldRows(), QString());
+    m_model->setJoined(QStringLiteral("Home"));
+    m_model->setJoined(QString());
+    QCOMPARE(boldRows(), QString());
 }
 
 QTEST_MAIN(TestSignalMode)

@@ -18,6 +18,8 @@ public:
             [this](int rssi) { said.append(QStringLiteral("signal %1").arg(rssi)); });
         connect(this, &SignalScanThread::speedReturned, this,
             [this](int mbps) { said.append(QStringLiteral("speed %1").arg(mbps)); });
+        connect(this, &SignalScanThread::networkLeft, this,
+            [this] { said.append(QStringLiteral("left")); });
         connect(this, &SignalScanThread::dataReturned, this,
             [this](const QVector<WifiProperty> &networks) {
                 said.append(QStringLiteral("data %1").arg(networks.size()));
@@ -33,8 +35,24 @@ public:
         return said;
     }
 
+    /// What is said on the next fresh pass: that one is made of `maps`.
+    QStringList fresh(const QList<ScanMap> &maps)
+    {
+        onVisiableMapListReturned(maps);
+        QStringList heard = step();
+        while (heard.size() == 1 && heard.first().startsWith(QLatin1String("data")) && m_repeats) {
+            --m_repeats;
+            heard = step();
+        }
+        m_repeats = 4;
+        return heard;
+    }
+
     QStringList said;
     QVector<WifiProperty> data;
+
+private:
+    int m_repeats = 0; ///< To come before the next fresh pass.
 };
 
 QStringList ssids(const QVector<WifiProperty> &data)
@@ -50,6 +68,11 @@ const QString Joined = QStringLiteral("current_connected");
 const QString Signal = QStringLiteral("WLAN_NETWORK_SIGNAL");
 const QString ChannelKey = QStringLiteral("channel");
 const QString LinkRate = QStringLiteral("link_rate");
+
+const ScanMap A = TestAir::scanMap(QStringLiteral("A"), QStringLiteral("a"));
+const ScanMap B = TestAir::scanMap(QStringLiteral("B"), QStringLiteral("b"));
+const ScanMap JoinedA = TestAir::scanMap(QStringLiteral("A"), QStringLiteral("a"), -50, 6, true);
+const ScanMap JoinedB = TestAir::scanMap(QStringLiteral("B"), QStringLiteral("b"), -60, 6, true);
 } // namespace
 
 class TestSignalScanThread : public QObject
@@ -79,6 +102,12 @@ private slots:
     void anEmptyFreshPassKeepsTheOldRecords();
     void resendsOldRecordsWhenTheInterfaceComesBack();
     void afterSetExitOnlyRepeatsAreSent();
+    void saysOnceThatTheNetworkIsLeft();
+    void saysNothingOfLeavingBeforeAFreshPass();
+    void changingTheNetworkIsNotLeaving();
+    void whoNeverJoinedDoesNotLeave();
+    void aNetworkLostWithTheInterfaceIsNotLeftAgain();
+    void afterSetExitNothingIsLeft();
     void runsOnItsOwnThreadUntilInterrupted();
 };
 
@@ -382,6 +411,81 @@ void TestSignalScanThread::afterSetExitOnlyRepeatsAreSent()
         QCOMPARE(thread.step(), QStringList(QStringLiteral("data 1")));
     QCOMPARE(thread.step(), QStringList());
     QCOMPARE(thread.step(), QStringList());
+}
+
+void TestSignalScanThread::saysOnceThatTheNetworkIsLeft()
+{
+    SteppedThread thread;
+    const QStringList joined{QStringLiteral("network A"), QStringLiteral("signal -50"),
+        QStringLiteral("speed 0"), QStringLiteral("data 2")};
+    for (int round = 0; round < 2; ++round) {
+        QCOMPARE(thread.fresh({JoinedA, B}), joined);
+        QCOMPARE(thread.fresh({JoinedA, B}), joined);
+        // Before the records, and without the name, signal and speed of a network.
+        QCOMPARE(
+            thread.fresh({A, B}), QStringList({QStringLiteral("left"), QStringLiteral("data 2")}));
+        QCOMPARE(thread.fresh({A, B}), QStringList(QStringLiteral("data 2")));
+    }
+    // Also where it is not heard any more.
+    thread.fresh({JoinedA, B});
+    QCOMPARE(thread.fresh({B}), QStringList({QStringLiteral("left"), QStringLiteral("data 1")}));
+}
+
+void TestSignalScanThread::saysNothingOfLeavingBeforeAFreshPass()
+{
+    SteppedThread thread;
+    thread.fresh({JoinedA});
+    thread.onVisiableMapListReturned({A});
+    for (int repeat = 0; repeat < 4; ++repeat)
+        QCOMPARE(thread.step(), QStringList(QStringLiteral("data 1")));
+    // Without any maps nothing is known of it either.
+    thread.onVisiableMapListReturned({});
+    QCOMPARE(thread.step(), QStringList());
+    thread.onVisiableMapListReturned({A});
+    QCOMPARE(thread.step(), QStringList({QStringLiteral("left"), QStringLiteral("data 1")}));
+}
+
+void TestSignalScanThread::changingTheNetworkIsNotLeaving()
+{
+    SteppedThread thread;
+    thread.fresh({JoinedA, B});
+    QVERIFY(!thread.fresh({A, JoinedB}).contains(QStringLiteral("left")));
+    // Nor is one of two, nor being joined to one that has no name.
+    QVERIFY(!thread.fresh({JoinedA, JoinedB}).contains(QStringLiteral("left")));
+    QVERIFY(!thread.fresh({A, JoinedB}).contains(QStringLiteral("left")));
+    const ScanMap nameless = TestAir::scanMap(QString(), QStringLiteral("c"), -50, 6, true);
+    QVERIFY(!thread.fresh({A, nameless}).contains(QStringLiteral("left")));
+    QVERIFY(thread.fresh({A}).contains(QStringLiteral("left")));
+}
+
+void TestSignalScanThread::whoNeverJoinedDoesNotLeave()
+{
+    SteppedThread thread;
+    for (int pass = 0; pass < 3; ++pass)
+        QCOMPARE(thread.fresh({A, B}), QStringList(QStringLiteral("data 2")));
+}
+
+void TestSignalScanThread::aNetworkLostWithTheInterfaceIsNotLeftAgain()
+{
+    SteppedThread thread;
+    thread.fresh({JoinedA});
+    thread.onNicChanged(QString());
+    QVERIFY(thread.step().contains(QStringLiteral("network ")));
+    thread.onNicChanged(QStringLiteral("wlan0"));
+    QCOMPARE(thread.fresh({A}), QStringList(QStringLiteral("data 1")));
+    // Gone and back between two passes, nobody has heard of it.
+    thread.fresh({JoinedA});
+    thread.onNicChanged(QString());
+    thread.onNicChanged(QStringLiteral("wlan0"));
+    QVERIFY(thread.fresh({A}).contains(QStringLiteral("left")));
+}
+
+void TestSignalScanThread::afterSetExitNothingIsLeft()
+{
+    SteppedThread thread;
+    thread.fresh({JoinedA});
+    thread.setExit();
+    QCOMPARE(thread.fresh({A}), QStringList());
 }
 
 void TestSignalScanThread::runsOnItsOwnThreadUntilInterrupted()
