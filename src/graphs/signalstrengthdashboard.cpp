@@ -52,8 +52,8 @@ SignalStrengthDashboard::SignalStrengthDashboard(QWidget *parent)
     , m_iRadius(DefaultRadius)
 {
     setAttribute(Qt::WA_StyledBackground);
-    setAccessibleName(LanguageLabels::m_strLangBoardSignalStrength);
     DashboardAccessible::install();
+    setAccessibleName(LanguageLabels::m_strLangBoardSignalStrength);
     InitPaintValue();
     UpdateValueAccordingRadius();
 }
