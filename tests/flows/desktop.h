@@ -31,6 +31,8 @@ public:
     void show(AirlumeProcess *program) const;
 
     Kind kind() const { return m_kind; }
+    /// The X server's name.
+    QString display() const { return m_environment.value(QStringLiteral("DISPLAY")); }
 
     /// A hand at the mouse and the keyboard: the arguments of xdotool.
     bool hand(const QStringList &does);

@@ -1,6 +1,7 @@
 #include "driverplugin.h"
 
 #include <QAbstractItemModel>
+#include <QAccessible>
 #include <QApplication>
 #include <QDialog>
 #include <QHeaderView>
@@ -69,6 +70,27 @@ QJsonArray rows()
         found.append(cells);
     }
     return found;
+}
+
+/// Names of the list's bold rows.
+QJsonArray boldRows()
+{
+    QJsonArray found;
+    const QTreeView *list = child<QTreeView>("treeView");
+    for (int row = 0; list && row < list->model()->rowCount(); ++row) {
+        const QModelIndex name = list->model()->index(row, 1);
+        if (name.data(Qt::FontRole).value<QFont>().bold())
+            found.append(cut(name.data().toString()));
+    }
+    return found;
+}
+
+/// The gauge's value, as it is told to those who do not see it.
+int gauge()
+{
+    QAccessibleInterface *gauge = QAccessible::queryAccessibleInterface(child<QWidget>("Dial"));
+    QAccessibleValueInterface *value = gauge ? gauge->valueInterface() : nullptr;
+    return value ? value->currentValue().toInt() : 1;
 }
 
 QJsonArray texts()
@@ -221,6 +243,9 @@ QJsonObject Driver::state() const
         {QStringLiteral("connected"), labelText("label_connectedto")},
         {QStringLiteral("tabs"), texts()},
         {QStringLiteral("rows"), rows()},
+        {QStringLiteral("bold"), boldRows()},
+        {QStringLiteral("gauge"), gauge()},
+        {QStringLiteral("window"), static_cast<qint64>(window->internalWinId())},
         {QStringLiteral("headers"), headers()},
         {QStringLiteral("rooms"), rooms()},
         {QStringLiteral("times"), times()},
