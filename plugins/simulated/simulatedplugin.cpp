@@ -52,6 +52,7 @@ bool SimulatedPlugin::initWiFiApi()
 bool SimulatedPlugin::releaseWiFiApi()
 {
     m_air.reset();
+    m_loss = InterfaceLoss();
     return true;
 }
 
@@ -73,7 +74,11 @@ bool SimulatedPlugin::startWiFiScan(const QString &nic)
 
 bool SimulatedPlugin::getVisiableNetworkMapList(QString &nic, QList<ScanMap> &networks)
 {
-    return air().networks(nic, networks);
+    QList<ScanMap> heard;
+    if (!m_loss.answer(air().networks(nic, heard)))
+        return false;
+    networks += heard;
+    return true;
 }
 
 bool SimulatedPlugin::getConnectedNetworkMap(QString &nic, ScanMap &network)
@@ -88,5 +93,9 @@ bool SimulatedPlugin::getWiFiNicAddress(const QString &nic, QString &address)
 
 bool SimulatedPlugin::getWiFiNicList(QStringList &nics)
 {
-    return air().interfaces(nics);
+    QStringList listed;
+    const bool result = air().interfaces(listed);
+    m_loss.listed(!listed.isEmpty());
+    nics += listed;
+    return result;
 }

@@ -1,6 +1,7 @@
 #ifndef AIRLUME_SIMULATED_SIMULATEDPLUGIN_H
 #define AIRLUME_SIMULATED_SIMULATEDPLUGIN_H
 
+#include "common/interfaceloss.h"
 #include "scan/wifiapiinterface.h"
 #include "simulated/simulatedair.h"
 
@@ -37,6 +38,7 @@ public:
     bool setWiFiRadio(const QString &nic, bool on) override;
     /// There is nothing to start: the air is always known. True when `nic` can be used.
     bool startWiFiScan(const QString &nic) override;
+    /// False also once after getWiFiNicList() had nothing to give: see InterfaceLoss.
     bool getVisiableNetworkMapList(QString &nic, QList<ScanMap> &networks) override;
     bool getConnectedNetworkMap(QString &nic, ScanMap &network) override;
     bool getWiFiNicAddress(const QString &nic, QString &address) override;
@@ -50,6 +52,7 @@ private:
     qint64 m_start = 0;
     double m_timeScale = 1.0;
     bool m_sound = false;
+    InterfaceLoss m_loss;
     std::unique_ptr<SimulatedAir> m_air;
 };
 

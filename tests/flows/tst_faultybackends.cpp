@@ -32,6 +32,7 @@ private slots:
     void goesOnAfterFailedQueries();
     void staysAliveWhileTheBackEndBlocks();
     void radioSwitchedOffAndOnIsFollowed();
+    void onlyInterfaceIsUsedAgainWhenItComesBack();
     void badScenarioFileLeavesNoInterface();
     void anExceptionEndsTheProgramAsACrashDoes();
 };
@@ -118,6 +119,20 @@ void TestFaultyBackEnds::staysAliveWhileTheBackEndBlocks()
     QVERIFY(airlume.waitFor([](const QJsonObject &state) {
         return state[QStringLiteral("geometry")].toArray().at(3).toInt() > 700 ||
                state[QStringLiteral("geometry")].toArray().at(0).toInt() == 0;
+    }));
+}
+
+void TestFaultyBackEnds::onlyInterfaceIsUsedAgainWhenItComesBack()
+{
+    AirlumeProcess airlume(QStringLiteral("plugins/simulated"));
+    airlume.setScenario(R"({"generate": {"count": 5},
+        "events": [{"at": 3, "do": "unplug"}, {"at": 30, "do": "plug"}]})");
+    QVERIFY2(airlume.start(), qPrintable(airlume.output()));
+    QVERIFY(airlume.waitFor([](const QJsonObject &state) { return rowCount(state) == 5; }));
+    QVERIFY(airlume.waitFor(
+        [](const QJsonObject &state) { return status(state) == NoRadio && rowCount(state) == 0; }));
+    QVERIFY(airlume.waitFor([](const QJsonObject &state) {
+        return status(state) == QLatin1String("Scanning...") && rowCount(state) == 5;
     }));
 }
 

@@ -17,6 +17,9 @@ private slots:
     void everyOperationAnswers();
     void startsFromItsBeginningAfterARelease();
     void leavesTheInterfaceNameOfTheCallerAlone();
+    void failsOnceAfterItsOnlyInterfaceWentAndCameBack();
+    void aLossThatNobodySawNeedsNoFailure();
+    void forgetsTheLossAfterARelease();
     void badScenarioIsReportedOnceAndHasNoInterface_data();
     void badScenarioIsReportedOnceAndHasNoInterface();
     void badScenarioIsReportedAgainAfterARelease();
@@ -27,6 +30,7 @@ private slots:
 
 private:
     QString write(const QByteArray &json);
+    static QString ask(SimulatedPlugin &plugin);
 
     QTemporaryDir m_dir;
     qint64 m_now = 0;
@@ -53,6 +57,22 @@ QString TestSimulatedPlugin::write(const QByteArray &json)
         qFatal("cannot write %s", qPrintable(path));
     qputenv(variable, QFile::encodeName(path));
     return path;
+}
+
+/// What Airlume asks every four seconds: the interfaces, and if there are any, the networks.
+QString TestSimulatedPlugin::ask(SimulatedPlugin &plugin)
+{
+    QStringList nics;
+    plugin.getWiFiNicList(nics);
+    if (nics.isEmpty())
+        return QStringLiteral("");
+    QString nic;
+    QList<ScanMap> maps;
+    const bool heard = plugin.getVisiableNetworkMapList(nic, maps);
+    return QStringLiteral("%1 %2 %3")
+        .arg(
+            nics.join(QLatin1Char(',')), heard ? QStringLiteral("heard") : QStringLiteral("failed"))
+        .arg(maps.size());
 }
 
 void TestSimulatedPlugin::withoutScenarioTheNeighbourhoodIsHeard()
@@ -165,6 +185,54 @@ void TestSimulatedPlugin::leavesTheInterfaceNameOfTheCallerAlone()
     QList<ScanMap> maps;
     QVERIFY(plugin.getVisiableNetworkMapList(nic, maps));
     QCOMPARE(nic, QString());
+}
+
+void TestSimulatedPlugin::failsOnceAfterItsOnlyInterfaceWentAndCameBack()
+{
+    write(R"({"generate": {"count": 2}, "events": [{"at": 10, "do": "unplug"},
+        {"at": 20, "do": "plug"}, {"at": 30, "do": "unplug"}, {"at": 40, "do": "plug"}]})");
+    SimulatedPlugin plugin(m_clock);
+    QCOMPARE(ask(plugin), QStringLiteral("sim0 heard 2"));
+    for (int round = 0; round < 2; ++round) {
+        m_now += 10000;
+        QCOMPARE(ask(plugin), QStringLiteral(""));
+        QCOMPARE(ask(plugin), QStringLiteral(""));
+        m_now += 10000;
+        QCOMPARE(ask(plugin), QStringLiteral("sim0 failed 0"));
+        QCOMPARE(ask(plugin), QStringLiteral("sim0 heard 2"));
+    }
+}
+
+void TestSimulatedPlugin::aLossThatNobodySawNeedsNoFailure()
+{
+    write(R"({"generate": {"count": 2}, "interfaces": [{"name": "a"}, {"name": "b"}],
+        "events": [{"at": 10, "do": "unplug", "interface": "a"},
+        {"at": 11, "do": "plug"}, {"at": 20, "do": "unplug"}, {"at": 21, "do": "plug"},
+        {"at": 30, "do": "radio_off"}, {"at": 40, "do": "radio_on"}]})");
+    SimulatedPlugin plugin(m_clock);
+    QCOMPARE(ask(plugin), QStringLiteral("a,b heard 2"));
+    // One of two.
+    m_now += 10000;
+    QCOMPARE(ask(plugin), QStringLiteral("b heard 2"));
+    // Both, for less time than there is between two questions.
+    m_now += 12000;
+    QCOMPARE(ask(plugin), QStringLiteral("a,b heard 2"));
+    // The radio alone: its queries fail already.
+    m_now += 10000;
+    QCOMPARE(ask(plugin), QStringLiteral("a,b failed 0"));
+    m_now += 10000;
+    QCOMPARE(ask(plugin), QStringLiteral("a,b heard 2"));
+}
+
+void TestSimulatedPlugin::forgetsTheLossAfterARelease()
+{
+    write(R"({"generate": {"count": 2}, "events": [{"at": 10, "do": "unplug"}]})");
+    SimulatedPlugin plugin(m_clock);
+    ask(plugin);
+    m_now += 10000;
+    QCOMPARE(ask(plugin), QStringLiteral(""));
+    QVERIFY(plugin.releaseWiFiApi());
+    QCOMPARE(ask(plugin), QStringLiteral("sim0 heard 2"));
 }
 
 void TestSimulatedPlugin::badScenarioIsReportedOnceAndHasNoInterface_data()
