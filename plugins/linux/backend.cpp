@@ -68,10 +68,11 @@ bool Backend::networks(const QString &name, QList<ScanMap> &networks)
     const std::optional<WifiInterface> interface = chooseInterface(name);
     m_events.watch(interface ? interface->index : 0);
     takeFinishedScans();
-    const bool vanished = m_vanished;
-    m_vanished = false;
-    m_answering = interface && !vanished && readNetworks(*interface, networks);
-    return m_answering;
+    QList<ScanMap> heard;
+    if (!m_loss.answer(interface && readNetworks(*interface, heard)))
+        return false;
+    networks += heard;
+    return true;
 }
 
 bool Backend::joinedNetwork(const QString &name, ScanMap &network)
@@ -135,10 +136,9 @@ bool Backend::readInterfaces(QVector<InterfaceCandidate> &candidates)
     }
     if (!passes(error))
         m_air = air;
-    if (candidates.isEmpty()) {
-        m_vanished = m_vanished || m_answering;
+    m_loss.listed(!candidates.isEmpty());
+    if (candidates.isEmpty())
         m_starter.forgetAll();
-    }
     if (error)
         m_reporter.report(Topic::Interface, ProblemTexts::interfacesUnreadable(error));
     else if (candidates.isEmpty())

@@ -1,6 +1,7 @@
 #ifndef AIRLUME_LINUX_BACKEND_H
 #define AIRLUME_LINUX_BACKEND_H
 
+#include "common/interfaceloss.h"
 #include "linux/heardtable.h"
 #include "linux/interfacechoice.h"
 #include "linux/linktraffic.h"
@@ -34,8 +35,7 @@ public:
     /// means: the one that is joined to a network, or else one that somebody scans.
     ///
     /// False when no interface can be used. Also false once after interfaceNames() had nothing to
-    /// give between two calls: Airlume forgets its interface then only when a query fails, and
-    /// would go on without data for ever.
+    /// give between two calls: see InterfaceLoss.
     bool networks(const QString &name, QList<ScanMap> &networks);
 
     /// What networks() gives for the joined network; false when there is none.
@@ -75,11 +75,10 @@ private:
     const ScanTriggerPolicy::Clock m_clock;
     ProblemReporter m_reporter;
     ScanStarter m_starter;
+    InterfaceLoss m_loss;
     InterfaceChoice m_choice;
     QHash<int, Air> m_air;         ///< By interface.
     QHash<int, Scanned> m_scanned; ///< By interface.
-    bool m_answering = false;      ///< The last query succeeded.
-    bool m_vanished = false;       ///< Since then there was a time without any interface.
 };
 
 } // namespace LinuxWifi
