@@ -14,7 +14,7 @@ public:
     void listed(bool any)
     {
         if (!any)
-            m_pending = m_pending || m_answering;
+            m_pending = m_answering;
     }
 
     /// A query that could be answered or not: what its result has to be.

@@ -447,7 +447,8 @@ QString TestSignalMode::boldRows() const
         if (cells != 0 && cells != SignalMode::BssidColumn)
             return QStringLiteral("%1 cells").arg(cells);
         if (cells != 0)
-            bold.append(m_model->ssidAt(row));
+            bold.append(
+                m_model->ssidAt(row).isEmpty() ? QStringLiteral("nameless") : m_model->ssidAt(row));
     }
     return bold.join(QLatin1Char(','));
 }

@@ -205,6 +205,14 @@ void TestSimulatedPlugin::failsOnceAfterItsOnlyInterfaceWentAndCameBack()
 
 void TestSimulatedPlugin::aLossThatNobodySawNeedsNoFailure()
 {
+    // Nothing has been answered yet.
+    write(R"({"generate": {"count": 1}, "events": [{"at": 0, "do": "unplug"},
+        {"at": 10, "do": "plug"}]})");
+    SimulatedPlugin late(m_clock);
+    QCOMPARE(ask(late), QStringLiteral(""));
+    m_now += 10000;
+    QCOMPARE(ask(late), QStringLiteral("sim0 heard 1"));
+
     write(R"({"generate": {"count": 2}, "interfaces": [{"name": "a"}, {"name": "b"}],
         "events": [{"at": 10, "do": "unplug", "interface": "a"},
         {"at": 11, "do": "plug"}, {"at": 20, "do": "unplug"}, {"at": 21, "do": "plug"},
