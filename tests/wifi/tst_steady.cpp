@@ -267,17 +267,26 @@ void TestSteady::switchedOffAccessPointLeaves()
 
 void TestSteady::haltedBusHoldsNothingUp()
 {
+    const auto askTenTimes = [this] {
+        const int calls = m_desk.times().size();
+        for (int i = 0; i < 10; ++i) {
+            if (!succeeded(m_desk.networks()))
+                return QVector<double>();
+            QTest::qWait(TickMs);
+        }
+        QVector<double> times = m_desk.times().mid(calls);
+        std::sort(times.begin(), times.end());
+        return times;
+    };
+    const QVector<double> before = askTenTimes();
     QVERIFY(Air::hwsim(QStringLiteral("bus halt")));
-    const int calls = m_desk.times().size();
-    for (int i = 0; i < 10; ++i) {
-        QVERIFY(succeeded(m_desk.networks()));
-        QTest::qWait(TickMs);
-    }
-    QVector<double> times = m_desk.times().mid(calls);
-    std::sort(times.begin(), times.end());
-    qInfo() << "queries with a mute bus: median" << times.at(times.size() / 2) << "ms, longest"
-            << times.last() << "ms";
-    QVERIFY(times.at(times.size() / 2) < 50);
+    const QVector<double> halted = askTenTimes();
+    QCOMPARE(before.size(), 10);
+    QCOMPARE(halted.size(), 10);
+    qInfo() << "queries: median" << before.at(5) << "ms, with a mute bus" << halted.at(5)
+            << "ms, longest" << halted.last() << "ms (on an emulated processor)";
+    // Whoever waits for the bus waits for seconds.
+    QVERIFY(halted.at(5) < 1000);
     QElapsedTimer timer;
     timer.start();
     QVERIFY(m_desk.end());
