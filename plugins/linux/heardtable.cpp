@@ -15,6 +15,7 @@ qint64 heardAtOf(const AccessPoint &accessPoint, qint64 now)
     // The link lives, whatever scans heard.
     if (accessPoint.joined)
         return now;
+    // An entry may be younger than the look at the clock; it is not newer than a link that lives.
     if (accessPoint.heardAt)
         return std::min(*accessPoint.heardAt, now);
     return now - accessPoint.age.value_or(0);
@@ -50,7 +51,6 @@ void HeardTable::take(const AccessPoint &accessPoint, qint64 heardAt)
     Record &record = m_records[accessPoint.bssid];
     const bool known = !record.accessPoint.bssid.isEmpty();
     const bool newer = heardAt > record.heardAt;
-    const bool joined = accessPoint.joined || record.accessPoint.joined;
     const QString name = record.accessPoint.ssid;
     if (!known || newer || (accessPoint.joined && !record.accessPoint.joined)) {
         if (known && heardAt > record.heardAt + JitterMs)
@@ -63,7 +63,6 @@ void HeardTable::take(const AccessPoint &accessPoint, qint64 heardAt)
     } else if (name.isEmpty()) {
         record.accessPoint.ssid = accessPoint.ssid;
     }
-    record.accessPoint.joined = joined;
 }
 
 void HeardTable::finished(const FinishedScan &scan)

@@ -293,6 +293,10 @@ void TestHeardTable::joinedIsWhatTheLastListSays()
     QVERIFY(t.table.records(t.now).first().joined);
     t.table.heard({t.accessPoint("a", Low, ""), joined}, t.now);
     QVERIFY(t.table.records(t.now).first().joined);
+    AccessPoint younger = t.accessPoint("a", Low, "");
+    *younger.heardAt += 20;
+    t.table.heard({joined, younger}, t.now);
+    QVERIFY(t.table.records(t.now).first().joined);
 }
 
 void TestHeardTable::joinedThatWasLeftAgesFromThen()

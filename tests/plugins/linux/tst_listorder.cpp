@@ -151,9 +151,9 @@ void TestListOrder::newcomerStandsBesideItsNameWhileThereIsRoom()
 {
     ListOrder order;
     QVector<AccessPoint> air{accessPoint("h1", "Home", -50), accessPoint("x", "X", -60)};
-    sorted(order, air, "h1");
+    sorted(order, air);
     air.append(accessPoint("h2", "Home", -40));
-    QCOMPARE(sorted(order, air, "h1"), QStringLiteral("h1 h2 x"));
+    QCOMPARE(sorted(order, air), QStringLiteral("h1 h2 x"));
 }
 
 void TestListOrder::newcomerBeyondTheRowsStopsNoReading()
