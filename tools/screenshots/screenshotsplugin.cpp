@@ -63,12 +63,19 @@ void ScreenshotTaker::waitForRows()
 }
 
 /// Ticks, unticks and ticks all rows, as a hand would: rows that show ticked from the first scan on
-/// have no curve before.
+/// have no curve before. Then unticks those that nobody wants to see.
 void ScreenshotTaker::showAllCurves()
 {
     QCheckBox *box = m_window->findChild<QCheckBox *>(QStringLiteral("SignalTreeView_pCheckAll"));
     for (int i = 0; box && i < 3; ++i)
         box->click();
+    const QString only = qEnvironmentVariable("AIRLUME_SCREENSHOTS_NETWORKS");
+    QAbstractItemModel *rows =
+        m_window->findChild<QTreeView *>(QStringLiteral("treeView"))->model();
+    for (int row = 0; row < rows->rowCount(); ++row) {
+        if (!rows->index(row, 1).data().toString().startsWith(only))
+            rows->setData(rows->index(row, 0), false);
+    }
     // Out of the way: what lies under the mouse is painted differently.
     QCursor::setPos(m_window->mapToGlobal(QPoint(m_window->width() / 2, m_window->height() - 2)));
 }

@@ -11,6 +11,7 @@ class QWidget;
 /// Qt loads it where QT_QPA_GENERIC_PLUGINS names "airlumescreenshots". It ticks all networks,
 /// waits AIRLUME_SCREENSHOTS_AFTER seconds, writes a PNG of the window for each tab into the folder
 /// AIRLUME_SCREENSHOTS and ends the program, with status 1 when a picture could not be written.
+/// Where AIRLUME_SCREENSHOTS_NETWORKS is set, only networks whose names begin so stay ticked.
 class ScreenshotsPlugin : public QGenericPlugin
 {
     Q_OBJECT
