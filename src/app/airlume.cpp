@@ -34,7 +34,6 @@
 namespace
 {
 const QSize NormalMaximumSize(800, 700);
-const int MinimumWidth = 1100;
 /// Height of the band at the top in which a double click toggles the size.
 const int TitleBandHeight = 50;
 
@@ -48,7 +47,7 @@ Airlume::Airlume(QWidget *parent)
     : QWidget(parent)
 {
     installEventFilter(this);
-    setMinimumWidth(MinimumWidth);
+    setMinimumWidth(SmallestWindow.width());
     setObjectName(QStringLiteral("Airlume"));
     setWindowTitle(QStringLiteral("Airlume"));
     setWindowFlags(Qt::FramelessWindowHint);
@@ -65,7 +64,8 @@ Airlume::Airlume(QWidget *parent)
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Minimum);
     // Narrower than the minimum width, which wins.
     limitSize(NormalMaximumSize);
-    resize(MinimumWidth, NormalMaximumSize.height());
+    const int available = QGuiApplication::primaryScreen()->availableGeometry().height();
+    resize(SmallestWindow.width(), qMin(NormalMaximumSize.height(), available));
     m_pTreeView->setFocus();
     m_pScanThread->start();
     m_pNetworkScanThread->start();

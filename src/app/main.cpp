@@ -8,13 +8,18 @@
 #include <QIcon>
 #include <QLocalSocket>
 #include <QLoggingCategory>
+#include <QScreen>
 #include <QStyle>
 #include <QTextCodec>
+#include <QVector>
+
+#include <memory>
 
 namespace
 {
 const QLatin1String ServerName("Airlume_LocalServer");
 const int ProbeTimeoutMs = 200;
+const char ScaleVariable[] = "QT_SCALE_FACTOR";
 
 /// Nothing here is drawn by OpenGL. Qt sets it up all the same where it is not told, and its
 /// drivers would need more memory than all the rest, and a third of the time to start.
@@ -24,6 +29,33 @@ void doWithoutOpenGl()
         if (!qEnvironmentVariableIsSet(use))
             qputenv(use, "none");
     }
+}
+
+/// The application object, scaled as the desktop asks for, or less where the window would hang out
+/// of the screen otherwise. Whoever sets QT_SCALE_FACTOR has chosen, and where the system places
+/// windows it scales them too. `argc` and `argv`: to live as long as it.
+std::unique_ptr<QApplication> makeApplication(int &argc, char **argv)
+{
+    // Not rounded: of 1.5 would become 2, of 1.25 a window too small for its texts.
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    const int count = argc;
+    const QVector<char *> arguments(argv, argv + argc);
+    auto application = std::make_unique<QApplication>(argc, argv);
+    if (qEnvironmentVariableIsSet(ScaleVariable) ||
+        SystemPlacesWindows(QGuiApplication::platformName()))
+        return application;
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    const qreal scale = screen->devicePixelRatio();
+    const qreal fitting = FittingScale(scale, screen->availableGeometry().size());
+    if (fitting >= scale)
+        return application;
+    // The scale is chosen together with the application object and cannot be changed later.
+    application.reset();
+    qputenv(ScaleVariable, QByteArray::number(fitting / scale, 'g', 10));
+    argc = count;
+    std::copy(arguments.cbegin(), arguments.cend(), argv);
+    return std::make_unique<QApplication>(argc, argv);
 }
 
 /// Shows the window past what Qt on Wayland has to say there: that it finds no OpenGL called
@@ -43,9 +75,9 @@ int main(int argc, char *argv[])
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QCoreApplication::setApplicationName(QStringLiteral("Airlume"));
+    const std::unique_ptr<QApplication> application = makeApplication(argc, argv);
     // By this name, packaging/airlume.desktop without its ending, Wayland finds the window's icon.
     QGuiApplication::setDesktopFileName(QStringLiteral("airlume"));
-    QApplication application(argc, argv);
 
     QLocalSocket probe;
     probe.connectToServer(ServerName, QIODevice::ReadWrite);

@@ -1,12 +1,12 @@
 #include "graphs/plotlook.h"
 
 #include "graphs/networkname.h"
+#include "graphs/plotcanvas.h"
 #include "graphs/signalscaledraw.h"
 
 #include <QFontMetrics>
 #include <QPen>
 #include <qwt_plot.h>
-#include <qwt_plot_canvas.h>
 #include <qwt_plot_curve.h>
 #include <qwt_plot_layout.h>
 #include <qwt_scale_widget.h>
@@ -23,7 +23,7 @@ void setUpCanvas(QwtPlot *plot)
 {
     plot->setAutoReplot(false);
     plot->setContentsMargins(Margin, Margin, Margin, Margin);
-    auto *canvas = new QwtPlotCanvas(plot);
+    auto *canvas = new PlotCanvas(plot);
     canvas->setBorderRadius(10);
     plot->setCanvas(canvas);
     plot->plotLayout()->setAlignCanvasToScales(true);
