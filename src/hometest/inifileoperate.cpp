@@ -42,10 +42,16 @@ const Field Fields[] = {
     {LanguageLabels::m_strHomeTestINILastSpeed, &HomeTest_Value::lastSpeed},
 };
 
-bool isFieldKey(const QString &name)
+// Whether removing the keys of `removed`, a group or the file's own keys, takes results of a room
+// along whose group is `group`.
+bool losesResults(const QString &group, const QString &removed)
 {
-    return std::any_of(std::begin(Fields), std::end(Fields),
-        [&name](const Field &field) { return field.key == name; });
+    return std::any_of(std::begin(Fields), std::end(Fields), [&](const Field &field) {
+        const QString key = group.isEmpty() ? field.key : group + Separator + field.key;
+        // A key without a group takes the group of its own name along.
+        return group == removed || key == removed ||
+               (removed.isEmpty() && group.section(Separator, 0, 0) == field.key);
+    });
 }
 } // namespace
 
@@ -183,11 +189,10 @@ void IniFileOperate::DelHomeValueFromINI(QMap<QString, HomeTest_Value> &rooms, c
     } else {
         m_pSettings->remove(room);
     }
-    // "Attic" and "Attic/" are two rooms in one group, and a key without a group takes the group of
-    // its own name along: the other room stays.
+    // "Attic" and "Attic/" are two rooms in one group, and "Attic/NowSpeed" is a key of both: the
+    // other rooms stay.
     for (auto it = rooms.cbegin(); it != rooms.cend(); ++it) {
-        const QString other = groupOf(it.key());
-        if (other == group || (group.isEmpty() && isFieldKey(other.section(Separator, 0, 0))))
+        if (losesResults(groupOf(it.key()), group))
             SetIntValueToHomeTestINI(it.key(), it.value());
     }
 }

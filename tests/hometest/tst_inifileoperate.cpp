@@ -53,6 +53,8 @@ private slots:
     void deletingANameOfSlashesLeavesTheOtherRooms();
     void deletingANameOfSlashesLeavesARoomNamedLikeAKey();
     void deletingANameThatSharesAGroupLeavesTheOtherRoom();
+    void deletingANameThatIsAKeyOfAnotherRoomLeavesItsResults_data();
+    void deletingANameThatIsAKeyOfAnotherRoomLeavesItsResults();
     void initTwiceIsHarmless();
     void withoutSettingsNothingHappensButAReport();
     void wrappersWithoutAStoreReport();
@@ -292,6 +294,40 @@ void TestIniFileOperate::deletingANameThatSharesAGroupLeavesTheOtherRoom()
     store.DelHomeValueFromINI(rooms, QStringLiteral("Attic/"));
     QCOMPARE(rooms.keys(), QStringList{QStringLiteral("Attic")});
     QCOMPARE(roomsIn(m_path), (Rooms{{QStringLiteral("Attic"), Tested}}));
+}
+
+void TestIniFileOperate::deletingANameThatIsAKeyOfAnotherRoomLeavesItsResults_data()
+{
+    QTest::addColumn<QString>("other");
+    QTest::addColumn<QString>("deleted");
+    QTest::newRow("a key of a room") << QStringLiteral("Kids") << QStringLiteral("Kids/NowPercent");
+    QTest::newRow("another one") << QStringLiteral("Kids") << QStringLiteral("Kids/LastSpeed");
+    QTest::newRow("superfluous slashes")
+        << QStringLiteral("/Kids/") << QStringLiteral("Kids//NowSpeed/");
+    QTest::newRow("a room in a room")
+        << QStringLiteral("Kids/Bed") << QStringLiteral("Kids/Bed/NowPercent");
+    QTest::newRow("a key of a room without a group")
+        << QStringLiteral("/") << QStringLiteral("NowPercent");
+}
+
+void TestIniFileOperate::deletingANameThatIsAKeyOfAnotherRoomLeavesItsResults()
+{
+    QFETCH(QString, other);
+    QFETCH(QString, deleted);
+    IniFileOperate store(m_path);
+    Rooms rooms;
+    store.AddWifiHomeTestIni(rooms, other, Tested);
+    store.AddWifiHomeTestIni(rooms, deleted, NoResult);
+    store.DelHomeValueFromINI(rooms, deleted);
+    QCOMPARE(rooms, (Rooms{{other, Tested}}));
+    const QSettings file(m_path, QSettings::IniFormat);
+    const QString group = other.split(QLatin1Char('/'), Qt::SkipEmptyParts).join(QLatin1Char('/'));
+    const QString prefix = group.isEmpty() ? QString() : group + QLatin1Char('/');
+    QCOMPARE(file.value(prefix + QStringLiteral("NowPercent")).toString(), QStringLiteral("62"));
+    QCOMPARE(file.value(prefix + QStringLiteral("NowSpeed")).toString(), QStringLiteral("144"));
+    QCOMPARE(file.value(prefix + QStringLiteral("LastPercent")).toString(), QStringLiteral("40"));
+    QCOMPARE(file.value(prefix + QStringLiteral("LastSpeed")).toString(), QStringLiteral("300"));
+    QCOMPARE(file.allKeys().size(), 4);
 }
 
 void TestIniFileOperate::initTwiceIsHarmless()
