@@ -36,3 +36,12 @@ int AirlumeStyle::pixelMetric(
         return CheckBoxSide;
     return QProxyStyle::pixelMetric(metric, option, widget);
 }
+
+int AirlumeStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+    QStyleHintReturn *returned) const
+{
+    // The desktop's icons would look foreign beside texts on purple.
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+        return 0;
+    return QProxyStyle::styleHint(hint, option, widget, returned);
+}

@@ -5,7 +5,8 @@
 #include <QProxyStyle>
 
 /// The application's widget style: Qt's Fusion, the same on every desktop, with the check boxes of
-/// the style sheet also where an item delegate paints them. GUI thread only.
+/// the style sheet also where an item delegate paints them, and no icons on the buttons of dialogs.
+/// GUI thread only.
 class AirlumeStyle : public QProxyStyle
 {
     Q_OBJECT
@@ -17,6 +18,8 @@ public:
         const QWidget *widget = nullptr) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption *option = nullptr,
         const QWidget *widget = nullptr) const override;
+    int styleHint(StyleHint hint, const QStyleOption *option = nullptr,
+        const QWidget *widget = nullptr, QStyleHintReturn *returned = nullptr) const override;
 
 private:
     QIcon m_plain;

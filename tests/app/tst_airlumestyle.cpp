@@ -1,9 +1,32 @@
 #include "app/airlumestyle.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QMessageBox>
 #include <QPainter>
 #include <QStyleOptionButton>
 #include <QtTest>
+
+namespace
+{
+/// Puts icons on the buttons of dialogs, as many desktops want it.
+class IconStyle : public QProxyStyle
+{
+public:
+    IconStyle()
+        : QProxyStyle(QStringLiteral("Fusion"))
+    {
+    }
+
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+        QStyleHintReturn *returned) const override
+    {
+        return hint == SH_DialogButtonBox_ButtonsHaveIcons
+                   ? 1
+                   : QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+};
+} // namespace
 
 class TestAirlumeStyle : public QObject
 {
@@ -14,6 +37,7 @@ private slots:
     void checkBoxesAreTheStyleSheetsSize();
     void paintsAPictureForEachState();
     void paletteIsLightWhateverTheDesktop();
+    void noticesHaveNoIconOnTheirButton();
 
 private:
     static QImage checkBox(QStyle::State state);
@@ -54,6 +78,16 @@ void TestAirlumeStyle::paletteIsLightWhateverTheDesktop()
     const QPalette palette = QApplication::style()->standardPalette();
     QVERIFY(palette.color(QPalette::Window).lightness() > 200);
     QVERIFY(palette.color(QPalette::WindowText).lightness() < 50);
+}
+
+void TestAirlumeStyle::noticesHaveNoIconOnTheirButton()
+{
+    AirlumeStyle *style = new AirlumeStyle;
+    style->setBaseStyle(new IconStyle);
+    QApplication::setStyle(style);
+    QMessageBox notice;
+    notice.setStandardButtons(QMessageBox::Ok);
+    QVERIFY(notice.button(QMessageBox::Ok)->icon().isNull());
 }
 
 QTEST_MAIN(TestAirlumeStyle)
