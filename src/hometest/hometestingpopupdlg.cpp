@@ -45,13 +45,13 @@ void HomeTestingPopupDlg::Init()
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Minimum);
 
     QVBoxLayout *rows = new QVBoxLayout(this);
-    // A minimum width of the dialog itself would keep it from growing with a long error.
-    const QMargins margins = rows->contentsMargins();
-    rows->addStrut(MinimumDialogWidth - margins.left() - margins.right());
-
     m_pTitleLabel = new QLabel(QtCommonTools::tr(m_strTitleKey), this);
     m_pTitleLabel->setTextFormat(Qt::PlainText);
     QtCommonTools::SetFontSize(m_pTitleLabel, TitlePointSize);
+    // A minimum width of the dialog itself would keep it from growing with a long error.
+    const QMargins margins = rows->contentsMargins();
+    m_pTitleLabel->setMinimumWidth(MinimumDialogWidth - margins.left() - margins.right());
+    m_pTitleLabel->setAlignment(Qt::AlignCenter);
     QHBoxLayout *titleRow = new QHBoxLayout;
     titleRow->addWidget(m_pTitleLabel, 0, Qt::AlignHCenter);
     rows->addLayout(titleRow);

@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QVBoxLayout>
 #include <QWindow>
 #include <QtTest>
 
@@ -35,6 +36,8 @@ private slots:
     void asksForAName_data();
     void asksForAName();
     void asksWhetherToDelete();
+    void itsRowsFollowOneAnother();
+    void hasALeastWidthAndGrowsWithALongError();
     void titleAndErrorStandInTheMiddle();
     void isFramelessAndGreyWithARoundedFrame();
     void refusesNamesOfBlanks_data();
@@ -151,6 +154,47 @@ void TestHomeTestingPopupDlg::asksWhetherToDelete()
     QVERIFY(message()->isHidden());
     QVERIFY(!edit());
     QCOMPARE(m_dialog->findChildren<QLabel *>().size(), 2);
+}
+
+void TestHomeTestingPopupDlg::itsRowsFollowOneAnother()
+{
+    const auto firstOf = [](QLayoutItem *row) {
+        return row->layout() ? row->layout()->itemAt(0)->widget() : nullptr;
+    };
+    QVBoxLayout *rows = qobject_cast<QVBoxLayout *>(m_dialog->layout());
+    QVERIFY(rows);
+    QCOMPARE(rows->count(), 5);
+    QCOMPARE(firstOf(rows->itemAt(0)), label(0));
+    QCOMPARE(rows->itemAt(0)->layout()->itemAt(0)->alignment(), Qt::AlignHCenter);
+    QCOMPARE(firstOf(rows->itemAt(1)), message());
+    QCOMPARE(rows->itemAt(1)->layout()->itemAt(0)->alignment(), Qt::AlignCenter);
+    QVERIFY(rows->itemAt(2)->spacerItem());
+    QCOMPARE(rows->stretch(2), 1);
+    QCOMPARE(firstOf(rows->itemAt(3)), label(2));
+    QCOMPARE(firstOf(rows->itemAt(4)), ok());
+
+    makeQuestion();
+    rows = qobject_cast<QVBoxLayout *>(m_dialog->layout());
+    QCOMPARE(rows->count(), 3);
+    QCOMPARE(firstOf(rows->itemAt(0)), label(0));
+    QCOMPARE(firstOf(rows->itemAt(1)), message());
+    QCOMPARE(firstOf(rows->itemAt(2)), ok());
+}
+
+void TestHomeTestingPopupDlg::hasALeastWidthAndGrowsWithALongError()
+{
+    makeQuestion();
+    show();
+    QVERIFY(m_dialog->width() >= 260);
+    m_dialog->resize(1, 1);
+    QTRY_VERIFY(m_dialog->width() >= 260);
+
+    m_dialog.reset(new HomeTestingPopupDlg(LanguageLabels::m_strHomAddRoom));
+    show();
+    ok()->click();
+    message()->setText(red(QStringLiteral("An error in many words, ").repeated(8)));
+    QTRY_VERIFY(m_dialog->width() > message()->sizeHint().width());
+    QVERIFY(message()->width() >= message()->sizeHint().width());
 }
 
 void TestHomeTestingPopupDlg::titleAndErrorStandInTheMiddle()
