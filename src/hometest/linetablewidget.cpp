@@ -73,6 +73,8 @@ void QLineDelegate::paint(
 void QLineDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
+    // Its frame around one cell would divide the highlighted row.
+    option->state &= ~QStyle::State_HasFocus;
     if (option->text.isEmpty() || !m_pView)
         return;
     const int margin = m_pView->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, option, m_pView);
@@ -125,6 +127,22 @@ LineTableWidget::LineTableWidget(QWidget *parent)
     setAccessibleName(QStringLiteral("Rooms"));
 }
 
+QItemSelectionModel::SelectionFlags LineTableWidget::selectionCommand(
+    const QModelIndex &index, const QEvent *event) const
+{
+    const QItemSelectionModel::SelectionFlags command =
+        QTableWidget::selectionCommand(index, event);
+    const bool unselects = command & (QItemSelectionModel::Deselect | QItemSelectionModel::Toggle);
+    return unselects ? QItemSelectionModel::NoUpdate : command;
+}
+
+/// -1: none.
+int LineTableWidget::highlightedRow() const
+{
+    const QModelIndexList rows = selectionModel()->selectedRows();
+    return rows.isEmpty() ? -1 : rows.first().row();
+}
+
 void LineTableWidget::keyPressEvent(QKeyEvent *event)
 {
     const bool clicks = event->key() == Qt::Key_Space || event->key() == Qt::Key_Return ||
@@ -139,7 +157,7 @@ void LineTableWidget::keyPressEvent(QKeyEvent *event)
 
 void LineTableWidget::mousePressEvent(QMouseEvent *event)
 {
-    m_rowBeforePress = currentRow();
+    m_rowBeforePress = highlightedRow();
     QTableWidget::mousePressEvent(event);
 }
 
@@ -152,6 +170,7 @@ void LineTableWidget::mouseReleaseEvent(QMouseEvent *event)
     QTableWidget::mouseReleaseEvent(event);
     disconnect(connection);
     // Dragged, or by another button.
-    if (!clicked && currentRow() >= 0 && currentRow() != m_rowBeforePress)
-        emit cellClicked(currentRow(), currentColumn());
+    const int row = highlightedRow();
+    if (!clicked && row >= 0 && row != m_rowBeforePress)
+        emit cellClicked(row, currentColumn());
 }

@@ -41,6 +41,9 @@ public:
     explicit LineTableWidget(QWidget *parent = nullptr);
 
 protected:
+    /// As the base, but nothing takes the highlight from a row while the room stays chosen.
+    QItemSelectionModel::SelectionFlags selectionCommand(
+        const QModelIndex &index, const QEvent *event) const override;
     /// As the base; moving to another row, Space and Return click the current cell.
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
@@ -48,6 +51,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
+    int highlightedRow() const;
+
     int m_rowBeforePress = -1;
 };
 

@@ -306,13 +306,16 @@ void SignalHomeTestingWgt::DelHomeName()
     }
     QtCommonTools::DelHomeValueFromINI(RoomText::RoomOf(item->text()));
     m_pTable->removeRow(m_iCurrentRow);
-    // The table would select the neighbour, which has no button.
-    m_pTable->selectionModel()->clear();
     m_iCurrentRow = m_iCurrentRow - 1;
     m_iPreviousRow = -1;
     m_iRowCount = m_iRowCount - 1;
+    // The table would select the neighbour, which has no button. The keys go on from there.
+    m_pTable->clearSelection();
+    m_pTable->setCurrentCell(qMax(0, m_iCurrentRow), RoomColumn, QItemSelectionModel::NoUpdate);
     m_pDelBtn->setEnabled(false);
     m_pEditBtn->setEnabled(false);
+    // The button that had it can take no more keys.
+    m_pTable->setFocus();
 }
 
 void SignalHomeTestingWgt::ClickedTab()

@@ -31,6 +31,10 @@ private slots:
     void aClickChoosesItsRoomOnce();
     void whateverTheMouseHighlightsIsChosen_data();
     void whateverTheMouseHighlightsIsChosen();
+    void theChosenRowStaysHighlighted_data();
+    void theChosenRowStaysHighlighted();
+    void aRowThatIsCurrentButNotHighlightedIsChosenByAnyButton();
+    void noFrameDividesTheHighlightedRow();
     void tabLeavesTheTable();
 
 private:
@@ -364,6 +368,71 @@ void TestLineTableWidget::whateverTheMouseHighlightsIsChosen()
     QVERIFY(rows.first().row() != 0);
     QCOMPARE(clicked.size(), 1);
     QCOMPARE(clicked.first().first().toInt(), rows.first().row());
+}
+
+void TestLineTableWidget::theChosenRowStaysHighlighted_data()
+{
+    QTest::addColumn<QEvent::Type>("type");
+    QTest::newRow("Ctrl+click") << QEvent::MouseButtonPress;
+    QTest::newRow("Ctrl+Space") << QEvent::KeyPress;
+}
+
+void TestLineTableWidget::theChosenRowStaysHighlighted()
+{
+    QFETCH(QEvent::Type, type);
+    LineTableWidget table;
+    fill(table);
+    const auto inRow = [&](int row) {
+        return table.visualRect(table.model()->index(row, 0)).center();
+    };
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, inRow(1));
+    for (int times = 0; times < 3; ++times) {
+        if (type == QEvent::KeyPress)
+            QTest::keyClick(&table, Qt::Key_Space, Qt::ControlModifier);
+        else
+            QTest::mouseClick(table.viewport(), Qt::LeftButton, Qt::ControlModifier, inRow(1));
+        QVERIFY(table.selectionModel()->isRowSelected(1, QModelIndex()));
+    }
+    // Another row is still chosen by it.
+    QSignalSpy clicked(&table, &QTableWidget::cellClicked);
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, Qt::ControlModifier, inRow(2));
+    QVERIFY(table.selectionModel()->isRowSelected(2, QModelIndex()));
+    QCOMPARE(clicked.last(), QVariantList({2, 0}));
+}
+
+void TestLineTableWidget::aRowThatIsCurrentButNotHighlightedIsChosenByAnyButton()
+{
+    LineTableWidget table;
+    fill(table);
+    table.setCurrentCell(1, 0, QItemSelectionModel::NoUpdate);
+    QSignalSpy clicked(&table, &QTableWidget::cellClicked);
+    const QPoint inRow1 = table.visualRect(table.model()->index(1, 0)).center();
+    mouse(table, QEvent::MouseButtonPress, inRow1, Qt::RightButton);
+    mouse(table, QEvent::MouseButtonRelease, inRow1, Qt::RightButton);
+    QVERIFY(table.selectionModel()->isRowSelected(1, QModelIndex()));
+    QCOMPARE(clicked.size(), 1);
+    QCOMPARE(clicked.first().first().toInt(), 1);
+}
+
+void TestLineTableWidget::noFrameDividesTheHighlightedRow()
+{
+    LineTableWidget table;
+    fill(table);
+    table.activateWindow();
+    table.setFocus();
+    QVERIFY(QTest::qWaitForWindowActive(&table));
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, {},
+        table.visualRect(table.model()->index(1, 0)).center());
+    QVERIFY(table.hasFocus());
+    const QImage image = table.viewport()->grab().toImage();
+    const QRect left = table.visualRect(table.model()->index(1, 0));
+    const QRect right = table.visualRect(table.model()->index(1, 1));
+    QCOMPARE(left.right() + 1, right.left());
+    const QColor highlight = image.pixelColor(left.center());
+    for (int y = left.top(); y < left.bottom() - 1; ++y) {
+        for (int x = left.right() - 3; x <= right.left() + 3; ++x)
+            QCOMPARE(image.pixelColor(x, y), highlight);
+    }
 }
 
 void TestLineTableWidget::tabLeavesTheTable()

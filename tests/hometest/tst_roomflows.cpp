@@ -33,6 +33,8 @@ private slots:
     void deletingAsksAndReturnCancels();
     void deletingRemovesTheRoom();
     void deletingTheFirstAndTheLastRoom();
+    void deletingByKeyboardLeavesTheKeyboardInTheTable_data();
+    void deletingByKeyboardLeavesTheKeyboardInTheTable();
     void deletedAndAddedAgainIsUntested();
     void holds201Rooms();
 
@@ -258,6 +260,42 @@ void TestRoomFlows::deletingTheFirstAndTheLastRoom()
     m_hand.add(QStringLiteral("Attic"));
     QCOMPARE(m_hand.onDisk().size(), 1);
     QCOMPARE(m_hand.cell(0), QStringLiteral("Attic\nN/A\nN/A"));
+}
+
+void TestRoomFlows::deletingByKeyboardLeavesTheKeyboardInTheTable_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("next");
+    QTest::newRow("first") << 0 << 1;
+    QTest::newRow("middle") << 2 << 2;
+    QTest::newRow("last") << 4 << 3;
+}
+
+void TestRoomFlows::deletingByKeyboardLeavesTheKeyboardInTheTable()
+{
+    QFETCH(int, row);
+    QFETCH(int, next);
+    m_hand.clickRow(row);
+    QPushButton *del = m_hand.button("HomeTesting_btn_Del");
+    del->setFocus();
+    ModalHand hand;
+    hand.then([](QWidget *dialog) {
+        RoomHand::ok(dialog)->setFocus();
+        ModalHand::press(dialog, Qt::Key_Return);
+    });
+    QTest::keyClick(del, Qt::Key_Return);
+    QCOMPARE(hand.left() + hand.leftOpen(), 0);
+    QCOMPARE(m_hand.table()->rowCount(), 4);
+    QApplication::setActiveWindow(m_hand.panel());
+    QTRY_VERIFY(m_hand.table()->hasFocus());
+    QVERIFY(m_hand.table()->selectionModel()->selectedRows().isEmpty());
+    // It goes on from where the room was.
+    QTest::keyClick(m_hand.table(), Qt::Key_Down);
+    QVERIFY(m_hand.table()->selectionModel()->isRowSelected(next, QModelIndex()) ||
+            m_hand.table()->currentRow() == next);
+    QTest::keyClick(m_hand.table(), Qt::Key_Space);
+    QVERIFY(m_hand.table()->selectionModel()->isRowSelected(next, QModelIndex()));
+    QVERIFY(m_hand.testButton(next)->isVisible());
 }
 
 void TestRoomFlows::deletedAndAddedAgainIsUntested()
