@@ -13,6 +13,7 @@
 #include <QTextCodec>
 #include <QVector>
 
+#include <algorithm>
 #include <memory>
 
 namespace
@@ -31,15 +32,14 @@ void doWithoutOpenGl()
     }
 }
 
-/// The application object, scaled as the desktop asks for, or less where the window would hang out
-/// of the screen otherwise. Whoever sets QT_SCALE_FACTOR has chosen, and where the system places
-/// windows it scales them too. `argc` and `argv`: to live as long as it.
+/// The application object, which draws at the desktop's scale, or at another one that suits its
+/// screen better. Whoever sets QT_SCALE_FACTOR has chosen, and where the system places windows it
+/// scales them too. `argc` and `argv`: to live as long as it.
 std::unique_ptr<QApplication> makeApplication(int &argc, char **argv)
 {
-    // Not rounded: of 1.5 would become 2, of 1.25 a window too small for its texts.
+    // Of 1.5 Qt would make 2, of 1.25 larger texts in a window of the old size.
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
-    const int count = argc;
     const QVector<char *> arguments(argv, argv + argc);
     auto application = std::make_unique<QApplication>(argc, argv);
     if (qEnvironmentVariableIsSet(ScaleVariable) ||
@@ -47,13 +47,13 @@ std::unique_ptr<QApplication> makeApplication(int &argc, char **argv)
         return application;
     const QScreen *screen = QGuiApplication::primaryScreen();
     const qreal scale = screen->devicePixelRatio();
-    const qreal fitting = FittingScale(scale, screen->availableGeometry().size());
-    if (fitting >= scale)
+    const qreal drawn = DrawnScale(scale, screen->availableGeometry().size());
+    if (drawn == scale)
         return application;
     // The scale is chosen together with the application object and cannot be changed later.
     application.reset();
-    qputenv(ScaleVariable, QByteArray::number(fitting / scale, 'g', 10));
-    argc = count;
+    qputenv(ScaleVariable, QByteArray::number(FactorBetween(scale, drawn), 'g', 17));
+    argc = arguments.size();
     std::copy(arguments.cbegin(), arguments.cend(), argv);
     return std::make_unique<QApplication>(argc, argv);
 }

@@ -14,6 +14,8 @@ BuiltWindow::BuiltWindow(QStyle *style)
     QFile::remove(QCoreApplication::applicationDirPath() + QStringLiteral("/WifiHomeTest.ini"));
     QApplication::setStyle(style ? style : new AirlumeStyle);
     m_window.reset(new Airlume);
+    // As on most screens; the one of the offscreen platform is too low.
+    m_window->resize(1100, 700);
     m_window->show();
 }
 

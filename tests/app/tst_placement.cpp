@@ -9,6 +9,9 @@ class TestPlacement : public QObject
 private slots:
     void putsTheWindowInTheMiddle_data();
     void putsTheWindowInTheMiddle();
+    void drawsAtAScaleThatSuitsTheScreen_data();
+    void drawsAtAScaleThatSuitsTheScreen();
+    void wholeScalesStayWhole();
     void knowsWhereTheSystemPlacesWindows_data();
     void knowsWhereTheSystemPlacesWindows();
 };
@@ -45,6 +48,57 @@ void TestPlacement::putsTheWindowInTheMiddle()
     QFETCH(QRect, window);
     QFETCH(QPoint, position);
     QCOMPARE(CentredPosition(desktop, window), position);
+}
+
+void TestPlacement::drawsAtAScaleThatSuitsTheScreen_data()
+{
+    QTest::addColumn<QSize>("pixels");
+    QTest::addColumn<qreal>("scale");
+    QTest::addColumn<qreal>("drawn");
+
+    const QSize fullHd(1920, 1080);
+    const QSize notebook(1366, 768);
+    const QSize old(1280, 800);
+    QTest::newRow("usual") << fullHd << 1. << 1.;
+    QTest::newRow("fractions are kept") << fullHd << 1.25 << 1.25;
+    QTest::newRow("one and a half") << fullHd << 1.5 << 1.5;
+    QTest::newRow("hardly too wide") << fullHd << 1.75 << 1.74;
+    QTest::newRow("too wide") << fullHd << 2. << 1.74;
+    QTest::newRow("large screen") << QSize(3840, 2160) << 2. << 2.;
+    QTest::newRow("notebook") << notebook << 1. << 1.;
+    QTest::newRow("notebook, hardly too wide") << notebook << 1.25 << 1.24;
+    QTest::newRow("notebook, too wide") << notebook << 2. << 1.24;
+    QTest::newRow("old screen") << old << 1.5 << 1.16;
+    QTest::newRow("too low") << QSize(1920, 750) << 1.5 << 1.24;
+    QTest::newRow("as small as can be") << QSize(1100, 602) << 1. << 1.;
+    QTest::newRow("as small as can be, scaled") << QSize(1100, 602) << 1.5 << 1.;
+    QTest::newRow("too small: nothing is made smaller than it is") << QSize(1024, 600) << 1. << 1.;
+    QTest::newRow("too small, scaled") << QSize(800, 600) << 2. << 1.;
+    QTest::newRow("small on purpose") << QSize(800, 600) << 0.8 << 0.8;
+    QTest::newRow("nearly whole") << fullHd << 100 / 96. << 1.;
+    QTest::newRow("nearly whole from below") << QSize(3840, 2160) << 1.91 << 2.;
+    QTest::newRow("nearly whole, too wide") << fullHd << 2.05 << 1.74;
+    QTest::newRow("not nearly") << fullHd << 1.11 << 1.11;
+}
+
+void TestPlacement::drawsAtAScaleThatSuitsTheScreen()
+{
+    QFETCH(QSize, pixels);
+    QFETCH(qreal, scale);
+    QFETCH(qreal, drawn);
+    // As a screen tells it: rounded.
+    QCOMPARE(DrawnScale(scale, pixels / scale), drawn);
+}
+
+void TestPlacement::wholeScalesStayWhole()
+{
+    for (int dpi = 50; dpi < 500; ++dpi) {
+        const qreal scale = dpi / 96.;
+        const qreal factor = FactorBetween(scale, 2);
+        QVERIFY2(qAbs(factor * scale - 2) < 1e-12, qPrintable(QString::number(dpi)));
+    }
+    QCOMPARE(FactorBetween(100 / 96., 1) * (100 / 96.) == 1, true);
+    QCOMPARE(FactorBetween(200 / 96., 2) * (200 / 96.) == 2, true);
 }
 
 void TestPlacement::knowsWhereTheSystemPlacesWindows_data()
