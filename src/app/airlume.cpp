@@ -57,6 +57,7 @@ Airlume::Airlume(QWidget *parent)
     if (!buildLayout())
         return;
     connectViews();
+    fitFonts();
 
     m_pTabWidget->setCurrentIndex(0);
     createThreads();
@@ -257,6 +258,9 @@ void Airlume::tellSize()
 void Airlume::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
+    // The desktop's font is another one. Not while the window is being built.
+    if (event->type() == QEvent::FontChange && m_pScanThread)
+        fitFonts();
     // By a key of the desktop, or by dragging a maximised window away from the edge.
     if (event->type() == QEvent::WindowStateChange && systemPlacesWindows() &&
         isMaximized() != m_bMaximized)

@@ -93,6 +93,7 @@ private:
     void limitSize(const QSize &largest);
     bool isMaximisedBySystem() const;
     void tellSize();
+    void fitFonts();
 
     SignalTreeView *m_pTreeView = nullptr;
     QTabWidget *m_pTabWidget = nullptr;

@@ -6,6 +6,7 @@
 #include "channels/channelinterfacewgt.h"
 #include "common/QtCommonTools.h"
 #include "common/diagnostics.h"
+#include "common/fittingfont.h"
 #include "graphs/signal2gplot.h"
 #include "graphs/signal5gplot.h"
 #include "graphs/signalstrengthdashboard.h"
@@ -14,10 +15,12 @@
 #include "i18n/languagelabels.h"
 #include "netlist/signaltreeview.h"
 
+#include <QApplication>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QStackedLayout>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -25,6 +28,8 @@ namespace
 {
 const int TitleHeight = 44;
 const int StatusHeight = 21;
+/// Of a tab's text, as in the style sheet.
+const int TabTextHeight = 23;
 
 QFrame *makeFrame(const char *objectName, QFrame::Shape shape)
 {
@@ -220,4 +225,18 @@ QFrame *Airlume::buildStatusBar()
     row->addWidget(m_pVersionLabel);
     row->addItem(new QSpacerItem(20, 12, QSizePolicy::Fixed, QSizePolicy::Minimum));
     return m_pBottomFrame;
+}
+
+/// Makes the desktop's font fit into the bars, whose heights are fixed.
+void Airlume::fitFonts()
+{
+    for (QLabel *label : {m_pStatusLabel, m_pVersionLabel})
+        label->setFont(FittingFont(QApplication::font(label), StatusHeight));
+    QTabBar *bar = m_pTabWidget->tabBar();
+    QFont font = QApplication::font(bar);
+    // As high as the selected tab's.
+    font.setBold(true);
+    font = FittingFont(font, TabTextHeight);
+    font.setBold(false);
+    bar->setFont(font);
 }

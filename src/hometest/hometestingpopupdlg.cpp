@@ -2,9 +2,12 @@
 
 #include "common/QtCommonTools.h"
 #include "common/diagnostics.h"
+#include "common/fittingfont.h"
 #include "hometest/onelinevalidator.h"
 #include "i18n/languagelabels.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -88,6 +91,7 @@ void HomeTestingPopupDlg::InitNameRow(QVBoxLayout *rows)
     m_pNameLabel->setTextFormat(Qt::PlainText);
     m_pNameEdit = new QLineEdit(this);
     m_pNameEdit->setFixedHeight(NameEditHeight);
+    FitNameFont();
     m_pNameEdit->setMinimumWidth(NameEditMinimumWidth);
     // A name may be of any length; the default would cut it at 32767 characters.
     m_pNameEdit->setMaxLength(std::numeric_limits<int>::max());
@@ -98,6 +102,12 @@ void HomeTestingPopupDlg::InitNameRow(QVBoxLayout *rows)
     nameRow->addWidget(m_pNameLabel);
     nameRow->addWidget(m_pNameEdit);
     rows->addLayout(nameRow);
+}
+
+void HomeTestingPopupDlg::FitNameFont()
+{
+    // Between the lines of the frame.
+    m_pNameEdit->setFont(FittingFont(QApplication::font(m_pNameEdit), NameEditHeight - 2));
 }
 
 bool HomeTestingPopupDlg::IsDeleteMode() const
@@ -197,6 +207,13 @@ void HomeTestingPopupDlg::CloseWithoutError()
     else
         AIRLUME_NULL_POINT();
     hide();
+}
+
+void HomeTestingPopupDlg::changeEvent(QEvent *event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::FontChange && m_pNameEdit)
+        FitNameFont();
 }
 
 void HomeTestingPopupDlg::paintEvent(QPaintEvent *)

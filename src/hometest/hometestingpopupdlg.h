@@ -45,11 +45,13 @@ protected slots:
     void ClickedCancel();
 
 protected:
+    void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
     bool IsDeleteMode() const;
     void InitNameRow(QVBoxLayout *rows);
+    void FitNameFont();
     void ShowError(const QString &key);
     void CloseWithoutError();
 

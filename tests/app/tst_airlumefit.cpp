@@ -3,12 +3,14 @@
 #include "netlist/signaltreeview.h"
 #include "support/testair.h"
 #include "support/tooltip.h"
+#include "app/placement.h"
 
 #include <QDir>
 #include <QFrame>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QtTest>
 
@@ -40,6 +42,8 @@ private slots:
     void everyTabFitsIntoTheWindow();
     void barsCutNothingOff();
     void joinedNetworksRowIsReadWhole();
+    void everyDesktopFontFitsIntoTheBars_data();
+    void everyDesktopFontFitsIntoTheBars();
 
 private:
     QScopedPointer<BuiltWindow> m_window;
@@ -256,6 +260,39 @@ void TestAirlumeFit::joinedNetworksRowIsReadWhole()
         QVERIFY(cell.data(Qt::FontRole).value<QFont>().bold());
         QCOMPARE(ToolTipAt(list->viewport(), list->visualRect(cell).center()), QString());
     }
+}
+
+void TestAirlumeFit::everyDesktopFontFitsIntoTheBars_data()
+{
+    QTest::addColumn<int>("pointSize");
+    for (const int pointSize : {14, 9, 12, 20, 10})
+        QTest::addRow("%d pt", pointSize) << pointSize;
+}
+
+void TestAirlumeFit::everyDesktopFontFitsIntoTheBars()
+{
+    QFETCH(int, pointSize);
+    const QFont desktop = QApplication::font();
+    QFont font = desktop;
+    font.setPointSize(pointSize);
+    QApplication::setFont(font);
+    QCoreApplication::processEvents();
+    const QTabBar *tabs = m_window->child<QTabWidget>("tabWidget")->tabBar();
+    QFont bold = tabs->font();
+    bold.setBold(true);
+    QVERIFY(QFontMetrics(bold).height() <= 23);
+    for (const char *name : {"statuslabel", "versionlabel"})
+        QVERIFY2(m_window->child<QLabel>(name)->fontMetrics().height() <= 21, name);
+    // No smaller than need be.
+    if (QFontMetrics(font).height() <= 21)
+        QCOMPARE(m_window->child<QLabel>("statuslabel")->font().pointSize(), pointSize);
+    const QWidget *title = m_window->child<QFrame>("title");
+    for (const char *name : {"minimize", "maximize", "close1"}) {
+        const QPoint place = m_window->child<QPushButton>(name)->mapTo(title, QPoint(0, 0));
+        QVERIFY2(qAbs(place.y() + 10 - title->height() / 2) <= 1, name);
+    }
+    QVERIFY(m_window->get()->minimumSizeHint().height() <= SmallestWindow.height());
+    QApplication::setFont(desktop);
 }
 
 QTEST_MAIN(TestAirlumeFit)

@@ -48,6 +48,8 @@ private slots:
     void allTextsOfTheWindowHaveTheirRoom();
     void allTextsOfTheDialogsHaveTheirRoom_data();
     void allTextsOfTheDialogsHaveTheirRoom();
+    void testButtonsTextIsClearOfItsBorder_data();
+    void testButtonsTextIsClearOfItsBorder();
     void commonNameFitsBesideConnectedTo_data();
     void commonNameFitsBesideConnectedTo();
 
@@ -210,6 +212,26 @@ void TestTexts::allTextsOfTheDialogsHaveTheirRoom()
     }
     found.removeDuplicates();
     QVERIFY2(found.isEmpty(), qPrintable(found.join(QLatin1Char('\n'))));
+}
+
+void TestTexts::testButtonsTextIsClearOfItsBorder_data()
+{
+    addLanguages(false);
+}
+
+void TestTexts::testButtonsTextIsClearOfItsBorder()
+{
+    QFETCH(QString, code);
+    resizeTo(false);
+    m_window->speak(code.toLatin1().constData());
+    m_window->child<QTabWidget>("tabWidget")->setCurrentIndex(3);
+    QCoreApplication::processEvents();
+    // Each row has one; that of the chosen row, the first, is shown.
+    const QPushButton *test =
+        m_window->get()->findChild<QPushButton *>(QStringLiteral("HomeTesting_btn_Test"));
+    QVERIFY(test && test->isVisible());
+    const int text = test->fontMetrics().horizontalAdvance(test->text());
+    QVERIFY2(test->width() - text >= 10, qPrintable(test->text()));
 }
 
 void TestTexts::commonNameFitsBesideConnectedTo_data()

@@ -38,6 +38,7 @@ private slots:
     void asksWhetherToDelete();
     void itsRowsFollowOneAnother();
     void hasALeastWidthAndGrowsWithALongError();
+    void theNameFitsItsFieldInEveryFont();
     void titleAndErrorStandInTheMiddle();
     void isFramelessAndGreyWithARoundedFrame();
     void refusesNamesOfBlanks_data();
@@ -195,6 +196,22 @@ void TestHomeTestingPopupDlg::hasALeastWidthAndGrowsWithALongError()
     message()->setText(red(QStringLiteral("An error in many words, ").repeated(8)));
     QTRY_VERIFY(m_dialog->width() > message()->sizeHint().width());
     QVERIFY(message()->width() >= message()->sizeHint().width());
+}
+
+void TestHomeTestingPopupDlg::theNameFitsItsFieldInEveryFont()
+{
+    const QFont desktop = QApplication::font();
+    QFont font = desktop;
+    for (const int pointSize : {10, 14, 20, 10}) {
+        font.setPointSize(pointSize);
+        QApplication::setFont(font);
+        QVERIFY(edit()->fontMetrics().height() <= 18);
+        QCOMPARE(label(2)->font().pointSize(), pointSize);
+        const HomeTestingPopupDlg fresh(LanguageLabels::m_strHomAddRoom);
+        QCOMPARE(
+            fresh.findChild<QLineEdit *>()->fontMetrics().height(), edit()->fontMetrics().height());
+    }
+    QApplication::setFont(desktop);
 }
 
 void TestHomeTestingPopupDlg::titleAndErrorStandInTheMiddle()
