@@ -93,8 +93,11 @@ QString tabShortage(const QTabBar *bar, int tab)
     option.state.setFlag(QStyle::State_HasFocus, false);
     const QRect room = bar->style()->subElementRect(QStyle::SE_TabBarTabText, &option, bar);
     const QString text = option.text;
-    QString found = shortage(selected ? "selected tab" : "tab", text,
-        extent(selected ? bold(bar->font()) : bar->font(), text), room.size());
+    const QFont font = selected ? bold(bar->font()) : bar->font();
+    // Drawn in the middle, the line is cut where it is higher than its room.
+    const QSize line(0, QFontMetrics(font).height());
+    QString found = shortage(
+        selected ? "selected tab" : "tab", text, extent(font, text).expandedTo(line), room.size());
     if (!bar->rect().contains(option.rect))
         found += QStringLiteral("tab \"%1\" lies outside the tab bar").arg(text);
     return found;

@@ -166,6 +166,11 @@ QJsonObject AirlumeProcess::state()
     return ask(QStringLiteral("state"));
 }
 
+QJsonObject AirlumeProcess::fit()
+{
+    return ask(QStringLiteral("fit"));
+}
+
 bool AirlumeProcess::command(const QString &line)
 {
     return ask(line)[QStringLiteral("done")].toBool();

@@ -59,6 +59,8 @@ public:
 
     /// What the window shows; empty when the program does not answer.
     QJsonObject state();
+    /// How it fits the screen, see FitReport(); empty when the program does not answer.
+    QJsonObject fit();
     /// Sends a command; true when it was carried out.
     bool command(const QString &line);
     /// Looks until `reached` says so.

@@ -70,7 +70,9 @@ bool Desktop::startServer()
     // It chooses a free number itself and tells it when it is ready.
     m_server.start(QStringLiteral("Xvfb"),
         {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-nolisten"),
-            QStringLiteral("tcp"), QStringLiteral("-screen"), QStringLiteral("0"),
+            QStringLiteral("tcp"),
+            // What is set stays when the program that has set it ends.
+            QStringLiteral("-noreset"), QStringLiteral("-screen"), QStringLiteral("0"),
             QStringLiteral("%1x%2x24").arg(m_pixels.width()).arg(m_pixels.height())});
     while (!m_server.canReadLine()) {
         if (!m_server.waitForReadyRead(StartTimeoutMs))
@@ -79,6 +81,18 @@ bool Desktop::startServer()
     const QString number = QString::fromLatin1(m_server.readLine()).trimmed();
     m_environment.insert(QStringLiteral("DISPLAY"), QLatin1Char(':') + number);
     return true;
+}
+
+bool Desktop::setDpi(int dpi) const
+{
+    QProcess tool;
+    tool.setProcessEnvironment(m_environment);
+    const QString name = QStringLiteral("RESOURCE_MANAGER");
+    tool.start(QStringLiteral("xprop"),
+        {QStringLiteral("-root"), QStringLiteral("-f"), name, QStringLiteral("8s"),
+            QStringLiteral("-set"), name, QStringLiteral("Xft.dpi:\t%1\n").arg(dpi)});
+    return tool.waitForFinished(StartTimeoutMs) && tool.exitStatus() == QProcess::NormalExit &&
+           tool.exitCode() == 0;
 }
 
 bool Desktop::startCompositor()

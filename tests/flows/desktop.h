@@ -27,6 +27,8 @@ public:
 
     /// Starts it and waits until programs can connect.
     bool start();
+    /// Tells programs on X11 the desktop's dots per inch, as desktops do; before they start.
+    bool setDpi(int dpi) const;
     /// Makes the program open its window here; before it starts.
     void show(AirlumeProcess *program) const;
 

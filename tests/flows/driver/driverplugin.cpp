@@ -1,5 +1,7 @@
 #include "driverplugin.h"
 
+#include "fitreport.h"
+
 #include <QAbstractItemModel>
 #include <QAccessible>
 #include <QApplication>
@@ -11,7 +13,9 @@
 #include <QLabel>
 #include <QLocalSocket>
 #include <QMouseEvent>
+#include <QPixmap>
 #include <QPushButton>
+#include <QScreen>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTreeView>
@@ -195,6 +199,8 @@ QJsonObject Driver::answer(const QString &line)
     const QString object = line.section(QLatin1Char(' '), 1);
     if (verb == QLatin1String("state"))
         return state();
+    if (verb == QLatin1String("fit") && mainWindow())
+        return FitReport(mainWindow());
 
     bool done = verb == QLatin1String("ping");
     if (verb == QLatin1String("click")) {
@@ -213,6 +219,8 @@ QJsonObject Driver::answer(const QString &line)
         done = list && click(list->header()->viewport(),
                            QPoint(list->header()->sectionViewportPosition(object.toInt()) + 5,
                                list->header()->height() / 2));
+    } else if (verb == QLatin1String("picture")) {
+        done = QGuiApplication::primaryScreen()->grabWindow(0).save(object);
     } else if (verb == QLatin1String("dismiss")) {
         QWidget *dialog = QApplication::activeModalWidget();
         done = dialog && QMetaObject::invokeMethod(dialog, "reject", Qt::QueuedConnection);

@@ -19,7 +19,8 @@ public:
 };
 
 /// Answers each line on the local socket AIRLUME_DRIVER with a line of JSON:
-/// "state": what the window shows, long texts cut; "ping": nothing; "click NAME": clicks the middle
+/// "state": what the window shows, long texts cut; "fit": what FitReport() says; "picture FILE":
+/// saves a picture of the whole screen; "ping": nothing; "click NAME": clicks the middle
 /// of that widget; "tab N": shows that tab; "tick ROW": clicks that row's check box; "sort COLUMN":
 /// clicks that column's header; "room ROW": clicks that room; "type TEXT": types into the widget
 /// with the focus; "dismiss": closes the dialog.
