@@ -72,7 +72,9 @@ public:
         QString found;
         for (const int tab : {1, 2, 3, 0}) {
             command(QStringLiteral("tab %1").arg(tab));
-            found += faults(expected);
+            const QString onTab = faults(expected);
+            if (!onTab.isEmpty())
+                found += QStringLiteral("tab %1: %2\n").arg(tab).arg(onTab);
         }
         return found;
     }
