@@ -229,7 +229,8 @@ void TestTexts::testButtonsTextIsClearOfItsBorder()
     // Each row has one; that of the chosen row, the first, is shown.
     const QPushButton *test =
         m_window->get()->findChild<QPushButton *>(QStringLiteral("HomeTesting_btn_Test"));
-    QVERIFY(test && test->isVisible());
+    QVERIFY(test);
+    QVERIFY(test->isVisible());
     const int text = test->fontMetrics().horizontalAdvance(test->text());
     QVERIFY2(test->width() - text >= 10, qPrintable(test->text()));
 }
