@@ -13,6 +13,7 @@ namespace
 // Small, and on a veil of white: names of neighbours lie on each other's triangles.
 const int NamePointSize = 9;
 const int BackgroundAlpha = 150;
+const double LineWidth = 1.;
 
 double bounded(double low, double value, double high)
 {
@@ -36,11 +37,10 @@ QPointF centerInside(const QRectF &bounds, const QPointF &center, const QSizeF &
     };
 }
 
-ApexMarker::ApexMarker(const QString &ssid)
+ApexMarker::ApexMarker(const QString &ssid, const QColor &color)
+    : m_color(color)
 {
-    QwtText name = plainText(displayName(ssid));
-    name.setBackgroundBrush(QColor(255, 255, 255, BackgroundAlpha));
-    setLabel(name);
+    setLabel(plainText(displayName(ssid)));
     setLabelAlignment(Qt::AlignCenter);
     setLabelOrientation(Qt::Horizontal);
     setLinePen(QPen(Qt::black, 2., Qt::SolidLine));
@@ -49,6 +49,8 @@ ApexMarker::ApexMarker(const QString &ssid)
 bool ApexMarker::place(const QRectF &canvasRect, const QPointF &apex, const QFont &font)
 {
     fit(nameFont(font), canvasRect.width());
+    m_apex = apex;
+    m_moved = false;
     // Qwt keeps the size of a text until its font changes.
     m_place.setSize(m_fitting.textSize());
     m_place.moveCenter(apex);
@@ -72,7 +74,28 @@ void ApexMarker::fit(const QFont &font, double width)
     }
 }
 
-void ApexMarker::drawName(QPainter *painter) const
+void ApexMarker::moveName(double down)
+{
+    m_place.translate(0., down);
+    m_moved = down > 0.;
+}
+
+void ApexMarker::drawVeil(QPainter *painter) const
+{
+    painter->fillRect(m_place, QColor(255, 255, 255, BackgroundAlpha));
+}
+
+void ApexMarker::drawLine(QPainter *painter) const
+{
+    if (!m_moved)
+        return;
+    painter->save();
+    painter->setPen(QPen(m_color, LineWidth));
+    painter->drawLine(m_apex, QPointF(m_apex.x(), m_place.center().y()));
+    painter->restore();
+}
+
+void ApexMarker::drawText(QPainter *painter) const
 {
     painter->save();
     painter->setPen(Qt::black);

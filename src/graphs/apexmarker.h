@@ -1,6 +1,7 @@
 #ifndef AIRLUME_GRAPHS_APEXMARKER_H
 #define AIRLUME_GRAPHS_APEXMARKER_H
 
+#include <QColor>
 #include <qwt_plot_marker.h>
 
 /// Where to centre a label of `size` that belongs at `center`, so that it lies inside `bounds`.
@@ -14,7 +15,8 @@ QPointF centerInside(const QRectF &bounds, const QPointF &center, const QSizeF &
 class ApexMarker : public QwtPlotMarker
 {
 public:
-    explicit ApexMarker(const QString &ssid);
+    /// `color` is that of the triangle.
+    ApexMarker(const QString &ssid, const QColor &color);
 
     /// From now on the name is drawn if the marker is visible.
     void follow() { m_drawn = isVisible(); }
@@ -23,23 +25,31 @@ public:
     /// Puts the name at `apex` of the canvas, in the family of `font`; false when it lies outside.
     /// Measures only what has changed.
     bool place(const QRectF &canvasRect, const QPointF &apex, const QFont &font);
-    /// Moves the name from where it was placed by so many pixels; negative: up.
-    void moveName(double down) { m_place.translate(0., down); }
+    /// Moves the name from where it was placed by so many pixels.
+    void moveName(double down);
     /// Where the name lies.
     QRectF nameRect() const { return m_place; }
-    void drawName(QPainter *painter) const;
 
-    /// Nothing: the graph calls drawName() when all triangles are drawn.
+    /// The three layers of a name, lowest first: a veil over what lies below it, a line to the apex
+    /// if the name was moved off it, and the text.
+    void drawVeil(QPainter *painter) const;
+    void drawLine(QPainter *painter) const;
+    void drawText(QPainter *painter) const;
+
+    /// Nothing: the graph draws the name when all triangles are drawn.
     void draw(QPainter *painter, const QwtScaleMap &xMap, const QwtScaleMap &yMap,
         const QRectF &canvasRect) const override;
 
 private:
     void fit(const QFont &font, double width);
 
+    const QColor m_color;
     bool m_drawn = false;
     QwtText m_fitting; ///< The name, elided to m_widest.
     double m_widest = 0.;
+    QPointF m_apex;
     QRectF m_place;
+    bool m_moved = false;
 };
 
 #endif

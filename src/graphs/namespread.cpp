@@ -1,51 +1,39 @@
 #include "graphs/namespread.h"
 
-#include <algorithm>
-#include <cmath>
-
 namespace
 {
 /// In heights of a name: a name further away would seem another network's.
 const double Reach = 2.;
-/// Places that touch are worked out, and miss each other by less than any screen shows.
+/// Places are worked out, and miss a limit by less than any screen shows.
 const double Touching = 0.01;
 
-bool isFree(const QRectF &name, const QVector<QRectF> &taken)
+bool shareColumns(const QRectF &one, const QRectF &other)
 {
-    const QRectF inner = name.adjusted(0., Touching, 0., -Touching);
-    return std::none_of(taken.cbegin(), taken.cend(),
-        [&inner](const QRectF &other) { return other.intersects(inner); });
+    return one.left() < other.right() && other.left() < one.right();
 }
 } // namespace
 
-QVector<double> spreadNames(const QVector<QRectF> &names, const QRectF &bounds)
+QVector<std::optional<double>> spreadNames(const QVector<QRectF> &names, const QRectF &bounds)
 {
-    QVector<double> moves;
-    moves.reserve(names.size());
+    QVector<std::optional<double>> ways;
+    ways.reserve(names.size());
     QVector<QRectF> placed;
     for (const QRectF &name : names) {
-        const double reach = Reach * name.height();
-        const QRectF reachable = name.adjusted(0., -reach, 0., reach);
-        QVector<QRectF> near;
-        QVector<double> ways{0.};
-        for (const QRectF &other : qAsConst(placed)) {
-            if (!other.intersects(reachable))
-                continue;
-            near.append(other);
-            for (double way : {other.bottom() - name.top(), other.top() - name.bottom()}) {
-                const QRectF moved = name.translated(0., way);
-                if (std::abs(way) <= reach + Touching && moved.top() >= bounds.top() - Touching &&
-                    moved.bottom() <= bounds.bottom() + Touching)
-                    ways.append(way);
-            }
+        // Below all that are stronger, also where there is a gap between two of them: a name's
+        // height tells how strong its network is.
+        double way = 0.;
+        for (const QRectF &stronger : qAsConst(placed)) {
+            if (shareColumns(name, stronger))
+                way = qMax(way, stronger.bottom() - name.top());
         }
-        std::stable_sort(ways.begin(), ways.end(),
-            [](double one, double other) { return std::abs(one) < std::abs(other); });
-        const auto way = std::find_if(ways.cbegin(), ways.cend(),
-            [&](double each) { return isFree(name.translated(0., each), near); });
-        moves.append(way == ways.cend() ? 0. : *way);
-        if (way != ways.cend())
-            placed.append(name.translated(0., *way));
+        const bool isTooFar = way > Reach * name.height() + Touching ||
+                              (way > 0. && name.bottom() + way > bounds.bottom() + Touching);
+        if (isTooFar) {
+            ways.append(std::nullopt);
+        } else {
+            ways.append(way);
+            placed.append(name.translated(0., way));
+        }
     }
-    return moves;
+    return ways;
 }

@@ -3,11 +3,13 @@
 
 #include <QRectF>
 #include <QVector>
+#include <optional>
 
-/// How far to move each of `names` up (negative) or down, in the rectangles' unit, so that it lies
-/// on none before it. The first keeps its place; each further one goes as short a way as it can,
-/// downwards if both are as short, and stays inside `bounds`. One that finds no place within two of
-/// its heights stays where it is, and is then in nobody's way. Pure.
-QVector<double> spreadNames(const QVector<QRectF> &names, const QRectF &bounds);
+/// How far to move each of `names`, the strongest network's first, down in the rectangles' unit, so
+/// that no name covers another and none stands above a stronger one that it shares columns with:
+/// 0 or as little as that takes. None for a name that would have to go further than two of its
+/// heights, or out of `bounds`: it stays where it is, behind the others, and is in nobody's way.
+/// Pure.
+QVector<std::optional<double>> spreadNames(const QVector<QRectF> &names, const QRectF &bounds);
 
 #endif

@@ -19,6 +19,28 @@ namespace
 const int SmallestWidth = 400;
 // Keeps the labels of neighbouring channels apart, above all 34 and 40.
 const int ChannelPointSize = 8;
+// Of a triangle: how many corners, and which of them is the apex.
+const int Corners = 3;
+const int Apex = 1;
+
+/// Draws the names `back` only where `front` leaves them room: through a veil they would blur what
+/// is written on it.
+void drawBehind(QPainter *painter, const QRectF &canvasRect,
+    const QVector<const ApexMarker *> &back, const QVector<const ApexMarker *> &front)
+{
+    if (back.isEmpty())
+        return;
+    QRegion room(canvasRect.toAlignedRect());
+    for (const ApexMarker *marker : front)
+        room -= marker->nameRect().toAlignedRect();
+    painter->save();
+    painter->setClipRegion(room, Qt::IntersectClip);
+    for (const ApexMarker *marker : back) {
+        marker->drawVeil(painter);
+        marker->drawText(painter);
+    }
+    painter->restore();
+}
 } // namespace
 
 SignalChannelPlot::SignalChannelPlot(const ChannelBand &band, QWidget *parent)
@@ -77,7 +99,7 @@ void SignalChannelPlot::addNetwork(const WifiProperty &record, const QColor &col
 
     entry.points = trianglePoints(record.channel, record.rssi, m_band.halfWidth);
 
-    entry.marker = new ApexMarker(record.ssid);
+    entry.marker = new ApexMarker(record.ssid, color);
     entry.marker->setYAxis(m_band.dBmAxis);
     entry.marker->setValue(record.channel, record.rssi);
     entry.marker->setVisible(false);
@@ -139,48 +161,59 @@ void SignalChannelPlot::drawItems(
     QPainter *painter, const QRectF &canvasRect, const QwtScaleMap maps[axisCnt]) const
 {
     QwtPlot::drawItems(painter, canvasRect, maps);
-    QVector<ApexMarker *> markers = drawnMarkers();
-    placeNames(markers, painter->font(), canvasRect, maps);
-    // Where there is no room for all, the strongest stays readable.
-    for (auto marker = markers.crbegin(); marker != markers.crend(); ++marker)
-        (*marker)->drawName(painter);
+    drawNames(painter, canvasRect, maps);
 }
 
 /// The strongest first.
-QVector<ApexMarker *> SignalChannelPlot::drawnMarkers() const
+QVector<SignalChannelPlot::DrawnName> SignalChannelPlot::drawnNames() const
 {
-    QVector<ApexMarker *> markers;
+    QVector<DrawnName> names;
     for (const pointData &entry : curveMap) {
-        if (entry.marker->isDrawn())
-            markers.append(entry.marker);
+        if (!entry.marker->isDrawn())
+            continue;
+        // Of the triangle as it is drawn: a new signal has moved the marker, the triangle follows
+        // with the next tick.
+        const bool hasTriangle = entry.curve->dataSize() == static_cast<std::size_t>(Corners);
+        names.append(
+            {entry.marker, hasTriangle ? entry.curve->sample(Apex) : entry.marker->value()});
     }
-    std::stable_sort(
-        markers.begin(), markers.end(), [](const ApexMarker *one, const ApexMarker *other) {
-            return one->yValue() > other->yValue();
-        });
-    return markers;
+    std::stable_sort(names.begin(), names.end(),
+        [](const DrawnName &one, const DrawnName &other) { return one.apex.y() > other.apex.y(); });
+    return names;
 }
 
 /// Networks of one channel are often as strong as each other: their names would hide each other.
-/// Whoever is stronger stands above, so the weaker ones step aside. Names that lie outside are in
-/// nobody's way and leave the list.
-void SignalChannelPlot::placeNames(QVector<ApexMarker *> &markers, const QFont &font,
-    const QRectF &canvasRect, const QwtScaleMap maps[axisCnt]) const
+/// Whoever is stronger stays at its apex, the weaker ones step down or behind. Names that lie outside
+/// are in nobody's way.
+void SignalChannelPlot::drawNames(
+    QPainter *painter, const QRectF &canvasRect, const QwtScaleMap maps[axisCnt]) const
 {
-    const auto liesOutside = [&](ApexMarker *marker) {
-        const QPointF apex(maps[xBottom].transform(marker->xValue()),
-            maps[m_band.dBmAxis].transform(marker->yValue()));
-        return !marker->place(canvasRect, apex, font);
-    };
-    markers.erase(std::remove_if(markers.begin(), markers.end(), liesOutside), markers.end());
-
-    QVector<QRectF> names;
-    names.reserve(markers.size());
-    for (const ApexMarker *marker : qAsConst(markers))
-        names.append(marker->nameRect());
-    const QVector<double> moves = spreadNames(names, canvasRect);
-    for (int i = 0; i < moves.size(); ++i)
-        markers.at(i)->moveName(moves.at(i));
+    QVector<ApexMarker *> markers;
+    QVector<QRectF> rects;
+    for (const DrawnName &name : drawnNames()) {
+        const QPointF apex(
+            maps[xBottom].transform(name.apex.x()), maps[m_band.dBmAxis].transform(name.apex.y()));
+        if (!name.marker->place(canvasRect, apex, painter->font()))
+            continue;
+        markers.append(name.marker);
+        rects.append(name.marker->nameRect());
+    }
+    const QVector<std::optional<double>> ways = spreadNames(rects, canvasRect);
+    QVector<const ApexMarker *> front;
+    QVector<const ApexMarker *> back;
+    for (int i = markers.size() - 1; i >= 0; --i) {
+        ApexMarker *const marker = markers.at(i);
+        if (ways.at(i))
+            marker->moveName(*ways.at(i));
+        (ways.at(i) ? front : back).append(marker);
+    }
+    drawBehind(painter, canvasRect, back, front);
+    for (const ApexMarker *marker : qAsConst(front))
+        marker->drawVeil(painter);
+    for (const ApexMarker *marker : qAsConst(front))
+        marker->drawLine(painter);
+    for (const ApexMarker *marker : qAsConst(front))
+        marker->drawText(painter);
 }
 
 void SignalChannelPlot::onShowCurve(int, QString strSsid, bool checked)

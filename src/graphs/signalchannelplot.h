@@ -64,12 +64,18 @@ private:
         int channel = 0; ///< Where the network was first seen; never updated.
     };
 
+    /// A name and the apex it belongs to: x in channel numbers, y in dBm.
+    struct DrawnName {
+        ApexMarker *marker;
+        QPointF apex;
+    };
+
     void addNetwork(const WifiProperty &record, const QColor &color);
     void removeNetwork(const QString &ssid);
     void deleteCurves();
-    QVector<ApexMarker *> drawnMarkers() const;
-    void placeNames(QVector<ApexMarker *> &markers, const QFont &font, const QRectF &canvasRect,
-        const QwtScaleMap maps[axisCnt]) const;
+    QVector<DrawnName> drawnNames() const;
+    void drawNames(
+        QPainter *painter, const QRectF &canvasRect, const QwtScaleMap maps[axisCnt]) const;
 
     const ChannelBand &m_band;
     QMap<QString, pointData> curveMap;

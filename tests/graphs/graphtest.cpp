@@ -1,5 +1,6 @@
 #include "graphs/graphtest.h"
 
+#include <QPainter>
 #include <QTest>
 #include <QTimerEvent>
 #include <QWheelEvent>
@@ -74,6 +75,15 @@ bool isPlain(const QwtText &text)
     QwtText plain = text;
     plain.setText(text.text(), QwtText::PlainText);
     return plain == text;
+}
+
+QVector<PaintStep> painted(QwtPlot &plot)
+{
+    PaintRecord record(plot.canvas()->size());
+    QPainter painter(&record);
+    plot.drawCanvas(&painter);
+    painter.end();
+    return record.steps();
 }
 
 void handleLikeAZoomingUser(QWidget *widget)

@@ -2,6 +2,7 @@
 #define AIRLUME_TESTS_GRAPHS_GRAPHTEST_H
 
 #include "scan/wifiproperty.h"
+#include "support/paintrecord.h"
 
 #include <QVector>
 #include <functional>
@@ -31,6 +32,9 @@ QVector<double> values(const QwtPlotCurve &curve);
 
 /// True when `text` would be drawn as it stands, even if it looks like markup.
 bool isPlain(const QwtText &text);
+
+/// What `plot` draws on its canvas, in pixels of the canvas.
+QVector<PaintStep> painted(QwtPlot &plot);
 
 /// Presses, drags, turns the wheel and types on `widget`: all that could zoom a plot.
 void handleLikeAZoomingUser(QWidget *widget);

@@ -37,7 +37,7 @@ void TestApexMarker::labelStaysInsideTheCanvas()
 void TestApexMarker::isAPlainCentredLabelWithoutLines()
 {
     const QString name = QStringLiteral("<b>Home</b>");
-    const ApexMarker marker(name);
+    const ApexMarker marker(name, Qt::red);
     QCOMPARE(marker.label().text(), name);
     QVERIFY(GraphTest::isPlain(marker.label()));
     QCOMPARE(marker.labelAlignment(), Qt::AlignCenter);
@@ -48,7 +48,7 @@ void TestApexMarker::isAPlainCentredLabelWithoutLines()
 
 void TestApexMarker::longNameIsCut()
 {
-    QCOMPARE(ApexMarker(QString(10000, QLatin1Char('n'))).label().text().size(), 64);
+    QCOMPARE(ApexMarker(QString(10000, QLatin1Char('n')), Qt::red).label().text().size(), 64);
 }
 
 QTEST_MAIN(TestApexMarker)
