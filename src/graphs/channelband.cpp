@@ -18,6 +18,7 @@ const ChannelBand &channelBand2G()
         std::numeric_limits<int>::min(),
         LastChannel2G,
         1.,
+        QStringLiteral("Untick a 2.4 GHz network in the list and tick it again to draw it here."),
         "2GPlot not find",
     };
     return band;
@@ -33,6 +34,7 @@ const ChannelBand &channelBand5G()
         LastChannel2G + 1,
         std::numeric_limits<int>::max(),
         5.,
+        QStringLiteral("Untick a 5 GHz network in the list and tick it again to draw it here."),
         "5GPlot not find",
     };
     return band;

@@ -15,6 +15,7 @@ struct ChannelBand {
     int firstChannel;           ///< Lowest channel of the band.
     int lastChannel;            ///< Highest channel of the band.
     double halfWidth;           ///< Half the base of a network's triangle, in channel numbers.
+    QString emptyNotice;        ///< Shown while the graph draws no triangle.
     const char *unknownNetwork; ///< Logged when an unknown network is to be shown.
 
     /// True when a network on `channel` is drawn in this band's graph.

@@ -2,6 +2,7 @@
 
 #include "graphs/apexmarker.h"
 #include "graphs/curvecolors.h"
+#include "graphs/emptynotice.h"
 #include "graphs/namespread.h"
 #include "graphs/networkname.h"
 #include "graphs/plotlook.h"
@@ -161,6 +162,7 @@ void SignalChannelPlot::drawItems(
     QPainter *painter, const QRectF &canvasRect, const QwtScaleMap maps[axisCnt]) const
 {
     QwtPlot::drawItems(painter, canvasRect, maps);
+    EmptyNotice::Draw(*this, m_band.emptyNotice, painter, canvasRect);
     drawNames(painter, canvasRect, maps);
 }
 

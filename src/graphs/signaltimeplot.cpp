@@ -1,6 +1,7 @@
 #include "graphs/signaltimeplot.h"
 
 #include "graphs/curvecolors.h"
+#include "graphs/emptynotice.h"
 #include "graphs/plotlook.h"
 #include "graphs/signallegend.h"
 #include "graphs/timescaledraw.h"
@@ -13,6 +14,11 @@
 namespace
 {
 const double SecondsPerTick = 3.;
+
+QString noticeText()
+{
+    return QStringLiteral("Untick a network in the list and tick it again to draw it.");
+}
 } // namespace
 
 SignalTimePlot::SignalTimePlot(QWidget *parent)
@@ -83,6 +89,13 @@ void SignalTimePlot::timerEvent(QTimerEvent *)
             entry.curve->setRawSamples(timeData.data(), entry.samples->data(), entry.count);
     }
     replot();
+}
+
+void SignalTimePlot::drawItems(
+    QPainter *painter, const QRectF &canvasRect, const QwtScaleMap maps[axisCnt]) const
+{
+    QwtPlot::drawItems(painter, canvasRect, maps);
+    EmptyNotice::Draw(*this, noticeText(), painter, canvasRect);
 }
 
 void SignalTimePlot::onShowCurve(int, QString strSsid, bool checked)

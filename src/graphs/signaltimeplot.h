@@ -47,6 +47,8 @@ public slots:
 
 protected:
     void timerEvent(QTimerEvent *event) override;
+    void drawItems(QPainter *painter, const QRectF &canvasRect,
+        const QwtScaleMap maps[axisCnt]) const override;
 
 private:
     /// What is known about one network.
