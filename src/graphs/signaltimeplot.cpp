@@ -31,9 +31,10 @@ SignalTimePlot::SignalTimePlot(QWidget *parent)
     PlotLook::setUpBottomLabels(this);
 
     // Without effect on purpose: the zoomer sees no mouse button. It serves as a tracker.
-    auto *zoomer = new Zoomer(canvas());
-    zoomer->setMousePattern(QwtEventPattern::MouseSelect2, Qt::RightButton, Qt::ControlModifier);
-    zoomer->setMousePattern(QwtEventPattern::MouseSelect3, Qt::RightButton);
+    m_pTracker = new Zoomer(canvas());
+    m_pTracker->setMousePattern(
+        QwtEventPattern::MouseSelect2, Qt::RightButton, Qt::ControlModifier);
+    m_pTracker->setMousePattern(QwtEventPattern::MouseSelect3, Qt::RightButton);
 
     PlotLook::setUpDbmAxis(this, yLeft);
     PlotLook::setUpDbmAxis(this, yRight);
@@ -89,6 +90,14 @@ void SignalTimePlot::timerEvent(QTimerEvent *)
             entry.curve->setRawSamples(timeData.data(), entry.samples->data(), entry.count);
     }
     replot();
+}
+
+void SignalTimePlot::replot()
+{
+    QwtPlot::replot();
+    // Null while it is constructed, which replots.
+    if (m_pTracker)
+        m_pTracker->follow();
 }
 
 void SignalTimePlot::drawItems(

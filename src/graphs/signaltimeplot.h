@@ -11,6 +11,7 @@
 
 class QwtLegend;
 class QwtPlotCurve;
+class Zoomer;
 
 /// Draws the signal of each ticked network over the last four minutes.
 ///
@@ -35,6 +36,7 @@ public:
     int NetworkCount() const { return networkCount; }
 
 public slots:
+    void replot() override;
     /// Takes one scan result.
     void onDataReturned(QVector<WifiProperty> networks);
     /// Shows or hides the curve behind a legend entry.
@@ -67,6 +69,7 @@ private:
     QMap<QString, curData> curveMap;
     std::array<double, HISTORY> timeData; ///< Seconds after the base time, newest first.
     QwtLegend *legend = nullptr;
+    Zoomer *m_pTracker = nullptr;
     int networkCount = 0;
     bool firstData = true;
 };

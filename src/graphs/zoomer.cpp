@@ -3,7 +3,9 @@
 #include "graphs/networkname.h"
 
 #include <QEvent>
+#include <QFontMetricsF>
 #include <QMouseEvent>
+#include <QResizeEvent>
 #include <qwt_plot.h>
 #include <qwt_plot_curve.h>
 
@@ -13,6 +15,7 @@ const double FarAway = 1e11;   // pixels
 const double CatchRange = 10.; // pixels
 const double BorderRadius = 6.;
 const int BackgroundAlpha = 170;
+const double TrackerMargin = 5.; // pixels that Qwt keeps between the text and the canvas's edges
 } // namespace
 
 QString trackerLabel(const QString &title, double dBm)
@@ -28,11 +31,16 @@ Zoomer::Zoomer(QWidget *canvas)
     setTrackerMode(AlwaysOn);
 }
 
+void Zoomer::follow()
+{
+    updateDisplay();
+}
+
 bool Zoomer::eventFilter(QObject *watched, QEvent *event)
 {
     if (!watched || watched != parentWidget())
         return false;
-    // Nothing else is passed on, on purpose: the graph must never be zoomed.
+    // Of these only moves and crossings are passed on, on purpose: the graph must never be zoomed.
     switch (event->type()) {
     case QEvent::MouseMove:
         widgetMouseMoveEvent(static_cast<QMouseEvent *>(event));
@@ -43,10 +51,23 @@ bool Zoomer::eventFilter(QObject *watched, QEvent *event)
     case QEvent::Leave:
         widgetLeaveEvent(event);
         break;
+    case QEvent::Resize:
+        fitOverlay(static_cast<QResizeEvent *>(event)->size());
+        follow();
+        break;
     default:
         break;
     }
     return false;
+}
+
+/// The picker would do it itself, but may not see the event: it would also stretch a selection.
+void Zoomer::fitOverlay(const QSize &size)
+{
+    auto *overlay = parentWidget()->findChild<QWidget *>(
+        QStringLiteral("PickerTracker"), Qt::FindDirectChildrenOnly);
+    if (overlay)
+        overlay->resize(size);
 }
 
 QwtText Zoomer::trackerText(const QPoint &pos) const
@@ -54,7 +75,7 @@ QwtText Zoomer::trackerText(const QPoint &pos) const
     const QwtPlotCurve *curve = curveAt(pos);
     if (!curve)
         return QwtText();
-    QwtText text = plainText(trackerLabel(curve->title().text(), invTransform(pos).y()));
+    QwtText text = fittingText(curve->title().text(), invTransform(pos).y());
     const QColor color = rubberBandPen().color();
     QColor background = color;
     background.setAlpha(BackgroundAlpha);
@@ -63,6 +84,20 @@ QwtText Zoomer::trackerText(const QPoint &pos) const
     text.setBorderRadius(BorderRadius);
     text.setBackgroundBrush(background);
     return text;
+}
+
+/// Where a graph is too narrow for a long name, the name is elided: the signal shall stay.
+QwtText Zoomer::fittingText(const QString &title, double dBm) const
+{
+    const QwtText whole = plainText(trackerLabel(title, dBm));
+    const double room = pickArea().boundingRect().width() - 2. * TrackerMargin;
+    const double missing = whole.textSize(trackerFont()).width() - room;
+    if (missing <= 0.)
+        return whole;
+    const QFontMetricsF metrics(trackerFont(), canvas());
+    const QString name = displayName(title);
+    return plainText(trackerLabel(
+        metrics.elidedText(name, Qt::ElideRight, metrics.horizontalAdvance(name) - missing), dBm));
 }
 
 const QwtPlotCurve *Zoomer::curveAt(const QPoint &pos) const

@@ -18,6 +18,10 @@ class Zoomer : public QwtPlotZoomer
 public:
     explicit Zoomer(QWidget *canvas);
 
+    /// Shows what the curves have come to under a mouse that may be resting. To be called when
+    /// they have moved.
+    void follow();
+
     /// Never swallows an event.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -26,6 +30,8 @@ protected:
     QwtText trackerText(const QPoint &pos) const override;
 
 private:
+    void fitOverlay(const QSize &size);
+    QwtText fittingText(const QString &title, double dBm) const;
     const QwtPlotCurve *curveAt(const QPoint &pos) const;
 };
 

@@ -79,6 +79,7 @@ private slots:
     void emptyPlotAndEmptyCurveHaveNoText();
     void textIsWhiteOnGreen();
     void nameIsNeverMarkup();
+    void longNameLeavesTheSignalItsRoom();
     void mouseShowsTheTrackerOfTheTimeGraph();
     void deletedCurveIsNotTracked();
     void onlyMovesAndCrossingsReachTheTracker();
@@ -175,6 +176,24 @@ void TestZoomer::nameIsNeverMarkup()
     const QwtText text = plot.zoomer->trackerText(plot.pixel(50., -50.));
     QVERIFY(text.text().startsWith(QLatin1String("<h1>Home</h1> -")));
     QVERIFY(GraphTest::isPlain(text));
+}
+
+void TestZoomer::longNameLeavesTheSignalItsRoom()
+{
+    TrackedPlot plot;
+    const QString name(60, QLatin1Char('W'));
+    plot.addPoint(name, 50., -50.);
+    const auto text = [&plot] { return plot.zoomer->trackerText(plot.pixel(50., -50.)); };
+    const QString elided = text().text();
+    QVERIFY(elided.startsWith(QLatin1String("WWWWWWWWWW")));
+    QVERIFY2(elided.endsWith(QString::fromUtf8("W… -50dBm")) ||
+                 elided.endsWith(QString::fromUtf8("W… -49dBm")),
+        qPrintable(elided));
+    QVERIFY(text().textSize(plot.zoomer->trackerFont()).width() <= plot.canvas()->width() - 10);
+    plot.resize(2000, 400);
+    plot.replot();
+    QCoreApplication::processEvents();
+    QVERIFY(text().text().startsWith(name + QLatin1String(" -")));
 }
 
 void TestZoomer::mouseShowsTheTrackerOfTheTimeGraph()
