@@ -3,6 +3,8 @@
 
 #include <qwt_legend.h>
 
+class SignalLegendLabel;
+
 /// A legend of network names: however long a name, its label stays one line of bounded width.
 class SignalLegend : public QwtLegend
 {
@@ -11,8 +13,18 @@ class SignalLegend : public QwtLegend
 public:
     explicit SignalLegend(QWidget *parent = nullptr);
 
+    /// Checks and shows, or unchecks and hides, the one entry of `itemInfo`; does nothing if it has
+    /// none or several.
+    void showEntry(const QVariant &itemInfo, bool on);
+
+public slots:
+    void updateLegend(const QVariant &itemInfo, const QList<QwtLegendData> &entries) override;
+
 protected:
     QWidget *createWidget(const QwtLegendData &data) const override;
+
+private:
+    SignalLegendLabel *entry(const QVariant &itemInfo) const;
 };
 
 #endif

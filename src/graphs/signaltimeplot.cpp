@@ -8,7 +8,6 @@
 #include "graphs/zoomer.h"
 
 #include <QDebug>
-#include <qwt_legend_label.h>
 #include <qwt_plot_curve.h>
 
 namespace
@@ -144,15 +143,8 @@ void SignalTimePlot::showCurve(QwtPlotItem *item, bool on)
     if (!item)
         return;
     item->setVisible(on);
-    if (legend) {
-        const QList<QWidget *> widgets = legend->legendWidgets(itemToInfo(item));
-        auto *label =
-            widgets.size() == 1 ? qobject_cast<QwtLegendLabel *>(widgets.first()) : nullptr;
-        if (label) {
-            label->setChecked(on);
-            label->setVisible(on);
-        }
-    }
+    if (legend)
+        legend->showEntry(itemToInfo(item), on);
     replot();
 }
 

@@ -9,8 +9,8 @@
 #include <memory>
 #include <qwt_plot.h>
 
-class QwtLegend;
 class QwtPlotCurve;
+class SignalLegend;
 class Zoomer;
 
 /// Draws the signal of each ticked network over the last four minutes.
@@ -68,7 +68,7 @@ private:
 
     QMap<QString, curData> curveMap;
     std::array<double, HISTORY> timeData; ///< Seconds after the base time, newest first.
-    QwtLegend *legend = nullptr;
+    SignalLegend *legend = nullptr;
     Zoomer *m_pTracker = nullptr;
     int networkCount = 0;
     bool firstData = true;

@@ -4,7 +4,66 @@
 #include "graphs/signaltimeplot.h"
 #include "support/testair.h"
 
+#include <QTabWidget>
 #include <QTest>
+#include <algorithm>
+#include <memory>
+
+namespace
+{
+/// The time graph on the first of two tabs. Between the ticks of its timer, which would hide what
+/// it has not done at once.
+class Tabs
+{
+public:
+    explicit Tabs(int networks)
+        : m_air(TestAir::networks(networks))
+        , m_plot(new SignalTimePlot)
+        , m_tabs(std::make_unique<QTabWidget>())
+    {
+        m_tabs->addTab(m_plot, QStringLiteral("1"));
+        m_tabs->addTab(new QWidget, QStringLiteral("2"));
+        m_tabs->resize(800, 300);
+        m_tabs->show();
+        m_plot->onDataReturned(m_air);
+        QCoreApplication::processEvents();
+    }
+
+    SignalTimePlot *plot() const { return m_plot; }
+    QString name(int index) const { return m_air.at(index).ssid; }
+
+    void show(int tab) const
+    {
+        m_tabs->setCurrentIndex(tab);
+        QCoreApplication::processEvents();
+    }
+
+    void tick(int index, bool on = true) const
+    {
+        m_plot->onShowCurve(index, name(index), on);
+        QCoreApplication::processEvents();
+    }
+
+    /// Entries that can be seen, if need be after scrolling.
+    int entriesInSight() const
+    {
+        const auto *legend = qobject_cast<const QwtLegend *>(m_plot->QwtPlot::legend());
+        if (!legend->isVisible())
+            return 0;
+        const QList<SignalLegendLabel *> labels = legend->findChildren<SignalLegendLabel *>();
+        return static_cast<int>(
+            std::count_if(labels.cbegin(), labels.cend(), [legend](const SignalLegendLabel *label) {
+                return label->isVisible() && label->height() >= label->sizeHint().height() &&
+                       legend->contentsWidget()->rect().contains(label->geometry());
+            }));
+    }
+
+private:
+    QVector<WifiProperty> m_air;
+    SignalTimePlot *m_plot;
+    std::unique_ptr<QTabWidget> m_tabs;
+};
+} // namespace
 
 class TestSignalLegend : public QObject
 {
@@ -16,6 +75,10 @@ private slots:
     void ordinaryNameStaysWhole();
     void longNameLeavesTheGraphItsRoom();
     void clicksAreHanded();
+    void legendIsThereWithItsFirstEntry();
+    void legendComesThoughItsCurvesCameBehindAnotherTab();
+    void entriesThatCameBehindAnotherTabAllHaveTheirRoom();
+    void legendGoesThoughItsCurvesWentBehindAnotherTab();
 };
 
 void TestSignalLegend::labelsAreOneLineOfBoundedWidth_data()
@@ -76,6 +139,52 @@ void TestSignalLegend::clicksAreHanded()
     plot.show();
     QTest::mouseClick(label, Qt::LeftButton);
     QCOMPARE(clicks, 1);
+}
+
+void TestSignalLegend::legendIsThereWithItsFirstEntry()
+{
+    const Tabs tabs(3);
+    tabs.tick(0);
+    QCOMPARE(tabs.entriesInSight(), 1);
+}
+
+void TestSignalLegend::legendComesThoughItsCurvesCameBehindAnotherTab()
+{
+    const Tabs tabs(15);
+    tabs.show(1);
+    for (int i = 0; i < 15; ++i)
+        tabs.tick(i);
+    tabs.show(0);
+    const QWidget *legend = tabs.plot()->QwtPlot::legend();
+    QVERIFY(legend->isVisible());
+    QVERIFY(!legend->geometry().intersects(tabs.plot()->canvas()->geometry()));
+    QCOMPARE(tabs.entriesInSight(), 15);
+}
+
+void TestSignalLegend::entriesThatCameBehindAnotherTabAllHaveTheirRoom()
+{
+    const Tabs tabs(40);
+    tabs.tick(0);
+    tabs.show(1);
+    for (int i = 1; i < 40; ++i)
+        tabs.tick(i);
+    tabs.show(0);
+    QCOMPARE(tabs.entriesInSight(), 40);
+}
+
+void TestSignalLegend::legendGoesThoughItsCurvesWentBehindAnotherTab()
+{
+    const Tabs tabs(3);
+    const int width = tabs.plot()->canvas()->width();
+    for (int i = 0; i < 3; ++i)
+        tabs.tick(i);
+    QVERIFY(tabs.plot()->canvas()->width() < width);
+    tabs.show(1);
+    for (int i = 0; i < 3; ++i)
+        tabs.tick(i, false);
+    tabs.show(0);
+    QVERIFY(!tabs.plot()->QwtPlot::legend()->isVisible());
+    QCOMPARE(tabs.plot()->canvas()->width(), width);
 }
 
 QTEST_MAIN(TestSignalLegend)
