@@ -19,6 +19,12 @@ void SignalLegend::showEntry(const QVariant &itemInfo, bool on)
     label->setVisible(on);
 }
 
+void SignalLegend::describeEntry(const QVariant &itemInfo, const QString &bssid, int channel)
+{
+    if (SignalLegendLabel *label = entry(itemInfo))
+        label->setAccessPoint(bssid, channel);
+}
+
 SignalLegendLabel *SignalLegend::entry(const QVariant &itemInfo) const
 {
     const QList<QWidget *> widgets = legendWidgets(itemInfo);

@@ -17,6 +17,9 @@ public:
     /// none or several.
     void showEntry(const QVariant &itemInfo, bool on);
 
+    /// Sets what the tool tip of that entry tells beside the network's name.
+    void describeEntry(const QVariant &itemInfo, const QString &bssid, int channel);
+
 public slots:
     void updateLegend(const QVariant &itemInfo, const QList<QwtLegendData> &entries) override;
 

@@ -48,14 +48,32 @@ void SignalTimePlot::insertCurve(QVector<WifiProperty> &networks)
 {
     networkCount = networks.size();
     for (const WifiProperty &record : qAsConst(networks))
-        addNetwork(record.ssid);
+        addNetwork(record);
 }
 
-void SignalTimePlot::addNetwork(const QString &ssid)
+void SignalTimePlot::addNetwork(const WifiProperty &record)
 {
-    curData &entry = curveMap[ssid];
+    curData &entry = curveMap[record.ssid];
     delete entry.curve;
     entry = curData();
+    noteAccessPoint(entry, record);
+}
+
+/// Access points of one name change places in the scan results: the name tells them apart by the
+/// blanks at its end alone.
+void SignalTimePlot::noteAccessPoint(curData &entry, const WifiProperty &record)
+{
+    if (entry.bssid == record.bssid && entry.channel == record.channel)
+        return;
+    entry.bssid = record.bssid;
+    entry.channel = record.channel;
+    describe(entry);
+}
+
+void SignalTimePlot::describe(const curData &entry)
+{
+    if (legend && entry.curve)
+        legend->describeEntry(itemToInfo(entry.curve), entry.bssid, entry.channel);
 }
 
 void SignalTimePlot::onDataReturned(QVector<WifiProperty> networks)
@@ -70,9 +88,12 @@ void SignalTimePlot::onDataReturned(QVector<WifiProperty> networks)
     }
     for (const WifiProperty &record : qAsConst(networks)) {
         const auto entry = curveMap.find(record.ssid);
-        if (entry == curveMap.end())
-            addNetwork(record.ssid);
-        else if (entry->shown)
+        if (entry == curveMap.end()) {
+            addNetwork(record);
+            continue;
+        }
+        noteAccessPoint(*entry, record);
+        if (entry->shown)
             addSample(*entry->samples, entry->count, record.rssi);
     }
 }
@@ -127,6 +148,7 @@ void SignalTimePlot::onShowCurve(int, QString strSsid, bool checked)
             entry->samples = std::make_shared<SampleHistory>();
         entry->curve = PlotLook::makeCurve(strSsid, randomCurveColor());
         entry->curve->attach(this);
+        describe(*entry);
         entry->shown = true;
     }
     showCurve(entry->curve, true);

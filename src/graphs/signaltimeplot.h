@@ -61,9 +61,13 @@ private:
         /// Null until first shown. Shared, because the curve reads the samples in place: they must
         /// not move when the map copies an entry.
         std::shared_ptr<SampleHistory> samples;
+        QString bssid;
+        int channel = 0;
     };
 
-    void addNetwork(const QString &ssid);
+    void addNetwork(const WifiProperty &record);
+    void noteAccessPoint(curData &entry, const WifiProperty &record);
+    void describe(const curData &entry);
     void deleteCurves();
 
     QMap<QString, curData> curveMap;
