@@ -120,6 +120,11 @@ void TestApexNames::nameStandsExactlyAtItsApex()
         QVERIFY2(off.manhattanLength() < Pixel, qPrintable(QString::number(off.y())));
     }
     QVERIFY(lines().isEmpty());
+    // Moved in by the edge: it still covers its apex.
+    m_plot->onDataReturned({TestAir::network(name, 0, m_channel)});
+    tick(m_plot.get());
+    QVERIFY(std::abs(nameRect(name).top() - apex(0).y()) < Pixel);
+    QVERIFY(lines().isEmpty());
 }
 
 void TestApexNames::weakerNameStepsDownAndHasALineToItsApex()
