@@ -75,7 +75,7 @@ void TestGraphPictures::graphRows()
     QTest::addColumn<int>("count");
     QTest::addColumn<int>("width");
     for (int width : {760, 1060}) {
-        for (int count : {1, 6, 15, 60})
+        for (int count : {1, 6, 15, 60, 300})
             QTest::addRow("%d networks, %d wide", count, width) << count << width;
         QTest::addRow("strange names, %d wide", width) << 0 << width;
     }
