@@ -1,13 +1,15 @@
 # What `cmake --install` puts where, except on macOS (AirlumeBundle.cmake). The program, the checker
 # and their back end share a private folder, since both look for it beside themselves; links in the
-# folder for programs start them. The simulated back end lies apart, for QT_PLUGIN_PATH.
+# folder for programs start the tools, and a script the program. The simulated back end lies apart,
+# for QT_PLUGIN_PATH.
 if(APPLE)
     return()
 endif()
 
 set(private_dir "${CMAKE_INSTALL_LIBEXECDIR}/airlume")
 
-install(TARGETS airlume airlume-plugincheck RUNTIME DESTINATION "${private_dir}")
+install(TARGETS airlume airlume-plugincheck airlume-host
+    RUNTIME DESTINATION "${private_dir}")
 if(TARGET airlume_plugin_${AIRLUME_BACKEND})
     install(TARGETS airlume_plugin_${AIRLUME_BACKEND} LIBRARY DESTINATION "${private_dir}")
 endif()
@@ -16,7 +18,7 @@ install(TARGETS airlume_plugin_simulated LIBRARY DESTINATION "${private_dir}/sim
 # Relative, so that the tree may be moved.
 file(RELATIVE_PATH from_bin
     "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBEXECDIR}/airlume")
-foreach(program IN ITEMS airlume airlume-plugincheck)
+foreach(program IN ITEMS airlume-plugincheck airlume-host)
     set(link "${PROJECT_BINARY_DIR}/packaging/bin/${program}")
     file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/packaging/bin")
     file(CREATE_LINK "${from_bin}/${program}" "${link}" SYMBOLIC)
@@ -24,11 +26,17 @@ foreach(program IN ITEMS airlume airlume-plugincheck)
 endforeach()
 
 set(packaging "${PROJECT_SOURCE_DIR}/packaging")
+# Where an earlier build has a link, which would be written through.
+file(REMOVE "${PROJECT_BINARY_DIR}/packaging/bin/airlume")
+configure_file("${packaging}/airlume.in" "${PROJECT_BINARY_DIR}/packaging/bin/airlume" @ONLY)
+install(PROGRAMS "${PROJECT_BINARY_DIR}/packaging/bin/airlume"
+    DESTINATION "${CMAKE_INSTALL_BINDIR}")
 install(FILES "${packaging}/airlume.desktop" DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
 install(FILES "${packaging}/app.airlume.Airlume.metainfo.xml"
     DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo")
 install(DIRECTORY "${packaging}/icons/hicolor" DESTINATION "${CMAKE_INSTALL_DATADIR}/icons")
-install(FILES "${packaging}/airlume-plugincheck.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
+install(FILES "${packaging}/airlume-plugincheck.1" "${packaging}/airlume-host.1"
+    DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
 install(FILES "${packaging}/copyright" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 
 # The manual page names the private folder, which is known for sure only while installing.

@@ -7,7 +7,7 @@ usage() {
     cat <<'TEXT'
 tools/contactsheet.sh [OPTIONS] FOLDER
 
-Runs Airlume with the simulated neighbourhood once for each language, told by the example host, and
+Runs Airlume with the simulated neighbourhood once for each language, told by airlume-host, and
 writes FOLDER/contactsheet.jpg. The single pictures stay in FOLDER/<code>/.
 
   --build DIR        use this build (default: build/release, built first)
@@ -56,9 +56,9 @@ cp "$build/bin/airlume" "$work/airlume"
 for language in $languages; do
     say "$language"
     mkdir -p "$folder/$language"
-    coproc HOST { QT_QPA_GENERIC_PLUGINS='' "$build/bin/airlume-examplehost" --language "$language"; }
+    coproc HOST { "$build/bin/airlume-host" --language "$language"; }
     read -r -u "${HOST[0]}" answer
-    [ "$answer" = listening ] || fail "the example host says: $answer"
+    [ "$answer" = listening ] || fail "airlume-host says: $answer"
     AIRLUME_SCREENSHOTS=$folder/$language "$work/airlume" >"$work/log" 2>&1 ||
         { cat "$work/log" >&2 && fail "Airlume failed in $language"; }
     host_pid=$HOST_PID

@@ -38,7 +38,7 @@ private slots:
     void garbageIsIgnored();
     void languageOpensInADialogToo();
     void hostThatDiesChangesNothing();
-    void exampleHostSwitchesLanguages();
+    void airlumeHostSwitchesLanguages();
 };
 
 void TestHost::withoutAHostItIsEnglish()
@@ -298,23 +298,23 @@ void TestHost::hostThatDiesChangesNothing()
     QCOMPARE(airlume.exitCode(), 0);
 }
 
-void TestHost::exampleHostSwitchesLanguages()
+void TestHost::airlumeHostSwitchesLanguages()
 {
-    QProcess example;
-    example.setProgram(QStringLiteral(AIRLUME_BUILD_DIR "/bin/airlume-examplehost"));
-    example.setArguments({QStringLiteral("--language"), QStringLiteral("slv")});
-    example.start();
-    const auto printed = [&example](const QByteArray &line) {
+    QProcess host;
+    host.setProgram(QStringLiteral(AIRLUME_BUILD_DIR "/bin/airlume-host"));
+    host.setArguments({QStringLiteral("--language"), QStringLiteral("slv")});
+    host.start();
+    const auto printed = [&host](const QByteArray &line) {
         QByteArray all;
-        while (!(all += example.readAll()).contains(line + '\n')) {
-            if (!example.waitForReadyRead(60000))
+        while (!(all += host.readAll()).contains(line + '\n')) {
+            if (!host.waitForReadyRead(60000))
                 return false;
         }
         return true;
     };
-    const auto tell = [&example](const QByteArray &line) {
-        example.write(line + '\n');
-        return example.waitForBytesWritten();
+    const auto tell = [&host](const QByteArray &line) {
+        host.write(line + '\n');
+        return host.waitForBytesWritten();
     };
     QVERIFY(printed("listening"));
     AirlumeProcess airlume(Simulated);
@@ -331,8 +331,8 @@ void TestHost::exampleHostSwitchesLanguages()
     QCOMPARE(airlume.exitCode(), 0);
     QVERIFY(printed("disconnected"));
     QVERIFY(tell("quit"));
-    QVERIFY(example.waitForFinished());
-    QCOMPARE(example.exitCode(), 0);
+    QVERIFY(host.waitForFinished());
+    QCOMPARE(host.exitCode(), 0);
 }
 
 QTEST_GUILESS_MAIN(TestHost)

@@ -83,4 +83,4 @@ while read -r file; do
     ! grep -qaF "$source/" "$file" || fail "${file#"$installed/"}: names the folder of its sources"
 done < <(find "$installed" -type f)
 echo "$count binaries checked"
-[ $count = 4 ] && [ $failed = 0 ]
+[ $count = 5 ] && [ $failed = 0 ]

@@ -67,21 +67,24 @@ void TestInstallation::initTestCase()
     QCOMPARE(QProcess::execute(QStringLiteral("cp"),
                  {QStringLiteral("-a"), Release + QStringLiteral("installed"), m_prefix}),
         0);
-    m_private = QFileInfo(m_prefix + QStringLiteral("/bin/airlume")).canonicalPath();
+    m_private = QFileInfo(m_prefix + QStringLiteral("/bin/airlume-host")).canonicalPath();
 }
 
 void TestInstallation::hasAllThatBelongsToIt()
 {
     QStringList expected = {
         QStringLiteral("bin/airlume"),
+        QStringLiteral("bin/airlume-host"),
         QStringLiteral("bin/airlume-plugincheck"),
         QStringLiteral("libexec/airlume/airlume"),
+        QStringLiteral("libexec/airlume/airlume-host"),
         QStringLiteral("libexec/airlume/airlume-plugincheck"),
         QStringLiteral("libexec/airlume/") + BackEnd,
         QStringLiteral("libexec/airlume/simulated/") + BackEnd,
         QStringLiteral("share/applications/airlume.desktop"),
         QStringLiteral("share/doc/airlume/copyright"),
         QStringLiteral("share/icons/hicolor/scalable/apps/airlume.svg"),
+        QStringLiteral("share/man/man1/airlume-host.1"),
         QStringLiteral("share/man/man1/airlume-plugincheck.1"),
         QStringLiteral("share/man/man1/airlume.1"),
         QStringLiteral("share/metainfo/app.airlume.Airlume.metainfo.xml"),
