@@ -26,11 +26,8 @@ foreach(program IN ITEMS airlume-plugincheck airlume-host)
 endforeach()
 
 set(packaging "${PROJECT_SOURCE_DIR}/packaging")
-# Where an earlier build has a link, which would be written through.
-file(REMOVE "${PROJECT_BINARY_DIR}/packaging/bin/airlume")
-configure_file("${packaging}/airlume.in" "${PROJECT_BINARY_DIR}/packaging/bin/airlume" @ONLY)
-install(PROGRAMS "${PROJECT_BINARY_DIR}/packaging/bin/airlume"
-    DESTINATION "${CMAKE_INSTALL_BINDIR}")
+configure_file("${packaging}/airlume.in" "${PROJECT_BINARY_DIR}/packaging/airlume" @ONLY)
+install(PROGRAMS "${PROJECT_BINARY_DIR}/packaging/airlume" DESTINATION "${CMAKE_INSTALL_BINDIR}")
 install(FILES "${packaging}/airlume.desktop" DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
 install(FILES "${packaging}/app.airlume.Airlume.metainfo.xml"
     DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo")
