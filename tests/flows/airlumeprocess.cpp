@@ -78,12 +78,18 @@ void AirlumeProcess::setOwnTemporaryFolder()
     setEnvironment(QStringLiteral("TMPDIR"), folder);
 }
 
+void AirlumeProcess::setStarter(const QStringList &command)
+{
+    m_process.setArguments(
+        command.mid(1) + QStringList(m_process.program()) + m_process.arguments());
+    m_process.setProgram(command.first());
+}
+
 void AirlumeProcess::setUser(uint userId)
 {
     const QString id = QString::number(userId);
-    m_process.setArguments({QStringLiteral("--reuid=") + id, QStringLiteral("--regid=") + id,
-        QStringLiteral("--clear-groups"), m_process.program()});
-    m_process.setProgram(QStringLiteral("setpriv"));
+    setStarter({QStringLiteral("setpriv"), QStringLiteral("--reuid=") + id,
+        QStringLiteral("--regid=") + id, QStringLiteral("--clear-groups")});
     // Only the folders: the program itself may be a link to the one that was built.
     QStringList folders(m_folder.path());
     QDirIterator inside(

@@ -33,6 +33,9 @@ public:
     /// Gives the program a temporary folder of its own, so that it meets no other copy; before
     /// start().
     void setOwnTemporaryFolder();
+    /// Has that command, with its arguments, start the program; before start(). It becomes the
+    /// program, or what is told of the process is told of the command.
+    void setStarter(const QStringList &command);
     /// Runs the program as that user, who gets its folder and those in it too. Only root may;
     /// before start().
     void setUser(uint userId);
