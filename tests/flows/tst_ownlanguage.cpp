@@ -136,7 +136,7 @@ private:
     /// The program, started by itself.
     std::unique_ptr<AirlumeProcess> bareProgram() const;
 
-    QTemporaryDir m_copy;
+    QTemporaryDir m_copy{QStringLiteral("/tmp/airlume-copy.XXXXXX")};
     QString m_private;
     std::unique_ptr<SharedTemporaryFolder> m_folder;
 };
@@ -149,9 +149,9 @@ void TestOwnLanguage::initTestCase()
         return;
     QCOMPARE(chmod(QFile::encodeName(m_copy.path()).constData(), 0755), 0);
     QCOMPARE(QProcess::execute(QStringLiteral("cp"),
-                 {QStringLiteral("-a"), installation, m_copy.filePath(QStringLiteral("usr"))}),
+                 {QStringLiteral("-a"), installation, m_copy.filePath(QStringLiteral("a place"))}),
         0);
-    m_private = m_copy.filePath(QStringLiteral("usr/libexec/airlume"));
+    m_private = m_copy.filePath(QStringLiteral("a place/libexec/airlume"));
 }
 
 void TestOwnLanguage::init()
@@ -182,7 +182,7 @@ std::unique_ptr<AirlumeProcess> TestOwnLanguage::program(const char *locale) con
             {QStringLiteral(AIRLUME_BUILD_DIR "/bin/airlume-host"), QStringLiteral("--run")});
     } else {
         airlume = std::make_unique<AirlumeProcess>(
-            QStringList(m_copy.filePath(QStringLiteral("usr/bin/airlume"))),
+            QStringList(m_copy.filePath(QStringLiteral("a place/bin/airlume"))),
             m_private + QStringLiteral("/simulated"));
     }
     airlume->setEnvironment(QStringLiteral("LC_ALL"), QLatin1String(locale));

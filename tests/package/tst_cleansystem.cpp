@@ -1,4 +1,5 @@
 #include "flows/airlumeprocess.h"
+#include "flows/hostsuite.h"
 
 #include <QFileInfo>
 #include <QtTest>
@@ -24,6 +25,7 @@ private slots:
     void initTestCase();
     void showsTheSimulatedNeighbourhood();
     void keepsTheRoomsAmongTheUsersData();
+    void speaksTheLanguageOfTheLocale();
     void opensWithItsOwnBackEnd();
     void opensWithoutAnyBackEnd();
 
@@ -69,6 +71,14 @@ void TestCleanSystem::keepsTheRoomsAmongTheUsersData()
     QVERIFY(rooms.isFile());
     QCOMPARE(rooms.ownerId(), QFileInfo(m_root + Home).ownerId());
     QVERIFY(!QFile::exists(m_root + PrivateFolder + QStringLiteral("/WifiHomeTest.ini")));
+}
+
+void TestCleanSystem::speaksTheLanguageOfTheLocale()
+{
+    const auto airlume = program(PrivateFolder + QStringLiteral("/simulated"));
+    airlume->setEnvironment(QStringLiteral("LC_ALL"), QStringLiteral("pt_PT.UTF-8"));
+    QVERIFY2(airlume->start(), qPrintable(airlume->output()));
+    QVERIFY2(airlume->waitFor(speaking(QStringLiteral("ptb"))), qPrintable(airlume->output()));
 }
 
 void TestCleanSystem::opensWithItsOwnBackEnd()
