@@ -232,12 +232,14 @@ void TestOwnLanguage::leavesOneProcessBehind()
     QTRY_COMPARE_WITH_TIMEOUT(hostCount(), 0, 60000);
     QCOMPARE(childCount(airlume->processId()), 0);
     QCOMPARE(hostSockets(), QStringList());
+    // What host and program say to each other is nobody's business.
+    QVERIFY2(!airlume->output().contains(QStringLiteral("Ipc")), qPrintable(airlume->output()));
 }
 
 void TestOwnLanguage::startsDirectlyInEnglish_data()
 {
     QTest::addColumn<int>("dummy");
-    for (const char *locale : {"", "C", "C.UTF-8", "POSIX", "en_US.UTF-8", "xx_YY.UTF-8", "\xff"})
+    for (const char *locale : {"", "C", "C.UTF-8", "POSIX", "en_US.UTF-8", "xx_YY.UTF-8"})
         QTest::newRow(locale) << 0;
 }
 
@@ -389,10 +391,13 @@ void TestOwnLanguage::usersDoNotMeet()
         QCOMPARE(status.st_uid, user);
         QCOMPARE(status.st_mode & mode_t(07777), mode_t(0700));
     }
-    const auto further = program("de_DE.UTF-8");
-    further->setUser(FirstUser);
-    further->launch();
-    QVERIFY(endsUnseen(*further));
+    // Only one of them has the link outside of the folder; also in English, each finds the copy.
+    for (uint user : {FirstUser, SecondUser, uint(geteuid())}) {
+        const auto further = program("C");
+        further->setUser(user);
+        further->launch();
+        QVERIFY(endsUnseen(*further));
+    }
 }
 
 void TestOwnLanguage::anotherUsersHostIsNotAsked()

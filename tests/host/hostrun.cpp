@@ -29,6 +29,7 @@ bool HostRun::prints(const QByteArray &line)
         m_output += m_process.readAllStandardOutput();
         const int end = m_output.indexOf(line + '\n');
         if (end >= 0) {
+            m_skipped = m_output.left(end);
             m_output.remove(0, end + line.size() + 1);
             return true;
         }

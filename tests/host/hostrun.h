@@ -15,6 +15,8 @@ public:
 
     /// Waits until it has printed this line. False when it did not in 60 s, or ended without.
     bool prints(const QByteArray &line);
+    /// What it had printed before that line, and after the one waited for last.
+    QByteArray skipped() const { return m_skipped; }
     /// Types a line.
     bool type(const QByteArray &line);
     /// Waits for the end; the exit status, or -1 after a crash or after 60 s.
@@ -29,6 +31,7 @@ public:
 private:
     QProcess m_process;
     QByteArray m_output;
+    QByteArray m_skipped;
 };
 
 /// What a copy of Airlume says and hears, without the program.

@@ -36,7 +36,7 @@ private slots:
     void aHostThatListensIsLeftAlone();
     void takesOverFromAHostThatWasKilled();
     void isNoHostForOthers();
-    void moreClientsThanItTakesDoNotHarm();
+    void moreClientsThanItTakesWaitForTheirTurn();
     void tellsWhatIsWrongInTheCommandLine_data();
     void tellsWhatIsWrongInTheCommandLine();
     void tellsWhyAProgramCannotBeStarted();
@@ -279,17 +279,27 @@ void TestAirlumeHost::isNoHostForOthers()
     QVERIFY(!QFile::exists(HostRun::socketPath()));
 }
 
-void TestAirlumeHost::moreClientsThanItTakesDoNotHarm()
+void TestAirlumeHost::moreClientsThanItTakesWaitForTheirTurn()
 {
-    HostRun host(German + Once);
+    HostRun host(German);
     QVERIFY(host.prints("listening"));
     std::vector<std::unique_ptr<Client>> crowd;
-    for (int i = 0; i < 70; ++i)
+    for (int i = 0; i < 64; ++i) {
         crowd.push_back(std::make_unique<Client>());
-    QVERIFY(crowd.back()->say());
-    crowd.erase(crowd.begin(), crowd.begin() + 10);
-    QVERIFY(crowd.back()->hears("IpcResponseLanguage:deu"));
-    QCOMPARE(host.status(), 0);
+        QVERIFY(host.prints("connected"));
+    }
+    Client late;
+    QVERIFY(late.isConnected());
+    QVERIFY(late.say());
+    for (int round = 0; round < 3; ++round) {
+        QVERIFY(crowd.back()->say());
+        QVERIFY(crowd.back()->hears("IpcResponseLanguage:deu"));
+        QVERIFY(host.prints("sent IpcResponseLanguage:deu"));
+        QCOMPARE(host.skipped(), QByteArray("received IpcRequestLanguage:Airlume\n"));
+    }
+    crowd.erase(crowd.begin());
+    QVERIFY(host.prints("connected"));
+    QVERIFY(late.hears("IpcResponseLanguage:deu"));
 }
 
 void TestAirlumeHost::tellsWhatIsWrongInTheCommandLine_data()
