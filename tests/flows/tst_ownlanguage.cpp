@@ -346,6 +346,14 @@ void TestOwnLanguage::aStartAfterADirectOneEndsAtOnce()
     QVERIFY(endsUnseen(*second));
     QCOMPARE(hostCount(), 0);
     QVERIFY(first->waitFor(speaking(QStringLiteral("enu"))));
+    QVERIFY(endsByItsButton(*first));
+
+    // The socket that it left behind gives way to the next copy's.
+    const auto next = program("de_DE.UTF-8");
+    QVERIFY2(next->start(), qPrintable(next->output()));
+    const auto bare = bareProgram();
+    bare->launch();
+    QVERIFY(endsUnseen(*bare));
 }
 
 void TestOwnLanguage::startsAtTheSameInstantAllSpeakIt()
