@@ -22,9 +22,9 @@ set(CPACK_DEBIAN_PACKAGE_SECTION net)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# Networks are named in any script. NetworkManager scans where an ordinary user may not.
+# Networks are named in any script. Whoever manages the radio scans where an ordinary user may not.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
-    "fonts-noto-core, fonts-noto-cjk, fonts-noto-color-emoji, network-manager")
+    "fonts-noto-core, fonts-noto-cjk, fonts-noto-color-emoji, network-manager | iwd | wpasupplicant | connman")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "qtwayland5")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "Airlume shows the Wi-Fi around the computer: which networks it hears, how
