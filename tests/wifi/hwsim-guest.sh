@@ -273,7 +273,9 @@ iwd_start() {
     mkdir -p /var/lib/iwd
     mountpoint -q /var/lib/iwd || mount -t tmpfs -o mode=0700 tmpfs /var/lib/iwd
     /usr/libexec/iwd -p "$(<$RUN/phy.wlan0)" >> $RUN/iwd.log 2>&1 & echo $! > $RUN/manager.pid
-    iwd_ready() { [[ $(iwctl station list) == *wlan0* ]]; }
+    # (iwctl would have the bus start another one, which knows nothing of our options)
+    iwd_named() { [[ $(dbus-send --system --print-reply --dest=org.freedesktop.DBus / org.freedesktop.DBus.ListNames) == *net.connman.iwd* ]]; }
+    iwd_ready() { iwd_named && [[ $(iwctl station list) == *wlan0* ]]; }
     wait_for 60 iwd_ready || { log "iwd does not manage wlan0"; tail -n 30 $RUN/iwd.log >&2; return 1; }
 }
 
