@@ -136,8 +136,7 @@ endfunction()
 macro(airlume_find_fuzzer)
     set(AIRLUME_FUZZ_FLAGS -std=c++17 -fPIC -g -O1 -fsanitize=address,undefined
         -fno-sanitize-recover=undefined)
-    find_program(AIRLUME_FUZZ_CXX NAMES clang++ clang++-19 clang++-18 clang++-17 clang++-16
-        clang++-15 clang++-14)
+    find_program(AIRLUME_FUZZ_CXX NAMES clang++)
     mark_as_advanced(AIRLUME_FUZZ_CXX)
     if(NOT AIRLUME_FUZZ_CXX)
         set(AIRLUME_FUZZER_MISSING "clang is not installed")

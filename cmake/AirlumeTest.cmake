@@ -1,8 +1,12 @@
+# What ./test --quick builds; the tests themselves have the label "unit".
+add_custom_target(airlume_unit_tests)
+
 # airlume_add_test(NAME tst_x SOURCES tst_x.cpp [LIBRARIES ...] [ENVIRONMENT A=B ...]
 #                  [LABELS ...] [TIMEOUT seconds] [ARGUMENTS ...])
 #
 # One Qt Test executable, run offscreen in a private home, runtime and temporary folder (local
 # servers are files there: tests that run in parallel must not meet).
+# Without labels it is a unit test.
 function(airlume_add_test)
     cmake_parse_arguments(ARG "" "NAME;TIMEOUT" "SOURCES;LIBRARIES;ENVIRONMENT;LABELS;ARGUMENTS"
         ${ARGN})
@@ -14,6 +18,9 @@ function(airlume_add_test)
         AIRLUME_BUILD_DIR="${PROJECT_BINARY_DIR}"
         AIRLUME_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
     target_link_libraries(${ARG_NAME} PRIVATE airlume_options Qt5::Test ${ARG_LIBRARIES})
+    if(NOT ARG_LABELS)
+        add_dependencies(airlume_unit_tests ${ARG_NAME})
+    endif()
     airlume_register_test(NAME ${ARG_NAME} TIMEOUT "${ARG_TIMEOUT}" LABELS ${ARG_LABELS}
         ENVIRONMENT ${ARG_ENVIRONMENT} COMMAND $<TARGET_FILE:${ARG_NAME}> ${ARG_ARGUMENTS})
 endfunction()
@@ -25,6 +32,9 @@ function(airlume_register_test)
     cmake_parse_arguments(ARG "" "NAME;TIMEOUT" "COMMAND;ENVIRONMENT;LABELS" ${ARGN})
     if(NOT ARG_TIMEOUT)
         set(ARG_TIMEOUT 120)
+    endif()
+    if(NOT ARG_LABELS)
+        set(ARG_LABELS unit)
     endif()
     add_test(NAME ${ARG_NAME}
         COMMAND "${PROJECT_SOURCE_DIR}/tests/isolated.sh" ${ARG_COMMAND})
