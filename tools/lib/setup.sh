@@ -66,17 +66,17 @@ name_packages() {
 
 # install_missing: installs what install_packages found missing; "without" is what it could not.
 install_missing() {
-    local -a as_root=() offered=()
+    local -a as_root=() offered=() both=("${required[@]}" "${optional[@]}")
     if [ "$(id -u)" != 0 ]; then
         as_root=(sudo)
         if ! command -v sudo >/dev/null || ! sudo true; then
-            [ ${#required[@]} = 0 ] || fail "please have an administrator install ($reason):" \
-                "${required[@]}" "${optional[@]}"
+            [ ${#required[@]} = 0 ] ||
+                fail "please have an administrator install ($reason): ${both[*]}"
             without+=("${optional[@]}")
             return 0
         fi
     fi
-    say "installing $reason: ${required[*]} ${optional[*]}"
+    say "installing $reason: ${both[*]}"
     [ "${lists_refreshed:-}" ] || refresh_lists
     for package in "${optional[@]}"; do
         if is_offered "$package"; then
