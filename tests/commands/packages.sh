@@ -17,7 +17,9 @@ FAKE
 cat >"$TMPDIR/debian/apt-cache" <<'FAKE'
 #!/bin/bash
 case $1 in
-policy) printf '%s:\n  Candidate: %s\n' "$2" "$(grep -qxF "$2" "$WORLD/offered" && echo 1 || echo '(none)')" ;;
+policy) # more than fits into a pipe: it must be read to its end
+    printf '%s:\n  Candidate: %s\n%100000s\n' "$2" \
+        "$(grep -qxF "$2" "$WORLD/offered" && echo 1 || echo '(none)')" '' ;;
 depends) printf 'clang\n  Depends: clang-%s\n  Breaks: <clang-3.2>\n' 77 ;;
 esac
 FAKE

@@ -47,7 +47,7 @@ is_installed() {
 }
 
 is_offered() {
-    LC_ALL=C apt-cache policy "$1" 2>/dev/null | grep -q '^ *Candidate: [^(]'
+    grep -q '^ *Candidate: [^(]' <<<"$(LC_ALL=C apt-cache policy "$1" 2>/dev/null)"
 }
 
 # name_packages REASON PACKAGE... [-- PACKAGE...]: stops once for each list, where it is the user who
