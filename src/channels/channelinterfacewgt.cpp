@@ -95,7 +95,7 @@ void ChannelInterfaceWgt::Init()
     setUpBar(m_pCountBar);
 
     // Leaves the recommended channels two lines, and the numbers at the captions.
-    m_pSummaryLayout->setContentsMargins(9, 4, 9, 4);
+    m_pSummaryLayout->setContentsMargins(9, 2, 9, 2);
     m_pSummaryLayout->setVerticalSpacing(4);
     m_pSummaryLayout->setHorizontalSpacing(10);
     m_pSummaryLayout->setColumnStretch(2, 1);
