@@ -305,6 +305,16 @@ run_control() {
     esac
 }
 
+# roam NAME: the joined wlan0 goes over to another access point of its network; 3 where iwd, which
+# chooses itself, does it
+roam() {
+    [[ $MANAGER != *iwd ]] || return 3
+    ap_find "$1"
+    [ "$(wpa_cli -p $RUN/wpa -i wlan0 roam "$bssid")" = OK ] || { echo "hwsim: no roaming to $name" >&2; return 1; }
+    there() { [[ $(wpa_cli -p $RUN/wpa -i wlan0 status) == *"bssid=$bssid"*wpa_state=COMPLETED* ]]; }
+    wait_for 40 there || { echo "hwsim: wlan0 did not roam to $name" >&2; return 1; }
+}
+
 # managed_station [NAME]: whoever manages wlan0 joins that access point, or leaves
 managed_station() {
     local net password=()
@@ -432,6 +442,7 @@ control() {
         change)  ap_change "$@" ;;
         signal)  ap_find "$1"; ap_signal "$2" ;;
         station) station "$@" ;;
+        roam)    roam "$@" ;;
         block)   echo 1 > "$(echo /sys/class/net/"$1"/phy80211/rfkill*/soft)" ;;
         unblock) echo 0 > "$(echo /sys/class/net/"$1"/phy80211/rfkill*/soft)"; ip link set "$1" up ;;
         unplug)  [ -e /run/netns/drawer ] || ip netns add drawer
@@ -442,7 +453,7 @@ control() {
         group)   user_group "$@" ;;
         as)      as_user "$@" ;;
         *) echo 'usage: hwsim list | stop NAME... | start [NAME...] | change NAME FIELD VALUE' \
-               '| signal NAME DBM | station IFACE [NAME]' \
+               '| signal NAME DBM | station IFACE [NAME] | roam NAME' \
                '| block IFACE | unblock IFACE | unplug IFACE | plug IFACE | nm stop | nm start' \
                '| as [--session] USER COMMAND...' >&2; return 2 ;;
     esac

@@ -41,6 +41,8 @@
 #   hwsim signal NAME DBM             how strong it is heard, -100 .. -1 (until stopped)
 #   hwsim station IFACE [NAME]        join (no NAME: leave), with wpa_supplicant; where
 #                                     wlan0 has a manager, that joins (ConnMan cannot)
+#   hwsim roam NAME                   the joined wlan0 goes over to that access point of the
+#                                     same name (not with iwd, which chooses itself)
 #   hwsim block IFACE | unblock IFACE that radio's rfkill soft switch
 #   hwsim unplug IFACE | plug IFACE   the radio leaves the machine / comes back
 #   hwsim manager stop | start | halt | resume   whoever manages wlan0 ends, begins,

@@ -277,7 +277,7 @@ void TestDesktop::roamingLeavesRowsAndCurvesToTheirOwners()
     QCOMPARE(before.filter(QStringLiteral("Signal2GPlot")).size(), 1);
     QCOMPARE(before.filter(QStringLiteral("Signal5GPlot")).size(), 1);
     for (const char *const station : {"home2", "home5"}) {
-        QVERIFY(Air::hwsim(QStringLiteral("station wlan0 ") + QLatin1String(station)));
+        QVERIFY(Air::hwsim(QStringLiteral("roam ") + QLatin1String(station)));
         QVERIFY(isJoinedTo(QLatin1String(station) == QLatin1String("home2") ? "02:00:00:00:02:00"
                                                                             : "02:00:00:00:04:00"));
         // Until the window has taken it over and drawn it: a fresh pass comes every 15 s.

@@ -193,9 +193,11 @@ void TestSteady::joinedListIsSteady()
 
 void TestSteady::roamingKeepsTheOrder()
 {
+    if (!Air::hwsim(QStringLiteral("roam home2")))
+        QSKIP("this manager chooses the access point itself");
     Watch watch;
     for (const char *const station : {"home2", "home5", "home2"}) {
-        QVERIFY(join(station));
+        QVERIFY(Air::hwsim(QStringLiteral("roam ") + QLatin1String(station)));
         const QString bssid = QLatin1String(station) == QLatin1String("home2")
                                   ? QStringLiteral("02:00:00:00:02:00")
                                   : QStringLiteral("02:00:00:00:04:00");
