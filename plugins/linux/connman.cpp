@@ -16,8 +16,6 @@ using Result = ScanAnswer::Result;
 const QString Service = QStringLiteral("net.connman");
 const QString ManagerInterface = QStringLiteral("net.connman.Manager");
 const QString TechnologyInterface = QStringLiteral("net.connman.Technology");
-// It answers when the scan is over.
-const int ScanTimeoutMs = 25000;
 
 const QVector<ErrorMeaning> Meanings = {
     {"net.connman.Error.InProgress", Result::Accepted},
@@ -49,9 +47,9 @@ Finding findingIn(const QDBusArgument &technologies)
 }
 } // namespace
 
-ConnMan::ConnMan(BusCaller &bus, int timeoutMs)
+ConnMan::ConnMan(BusCaller &bus, const Patience &patience)
     : m_bus(bus)
-    , m_timeoutMs(timeoutMs)
+    , m_patience(patience)
 {
 }
 
@@ -70,7 +68,7 @@ void ConnMan::find(const QString &interface, QObject *context, const Found &foun
     Q_UNUSED(interface)
     const QDBusMessage call = QDBusMessage::createMethodCall(
         Service, QStringLiteral("/"), ManagerInterface, QStringLiteral("GetTechnologies"));
-    m_bus.call(call, m_timeoutMs, context, [this, found](const QDBusMessage &reply) {
+    m_bus.call(call, m_patience.callMs, context, [this, found](const QDBusMessage &reply) {
         if (reply.type() != QDBusMessage::ReplyMessage)
             found(findingOf(answerOf(reply, manager(), Meanings)));
         else if (reply.signature() == QStringLiteral("a(oa{sv})"))
@@ -84,7 +82,7 @@ void ConnMan::scan(const QString &object, QObject *context, const Scanned &scann
 {
     const QDBusMessage call = QDBusMessage::createMethodCall(
         Service, object, TechnologyInterface, QStringLiteral("Scan"));
-    m_bus.call(call, ScanTimeoutMs, context, [this, scanned](const QDBusMessage &reply) {
+    m_bus.call(call, m_patience.scanMs, context, [this, scanned](const QDBusMessage &reply) {
         scanned(answerOf(reply, manager(), Meanings));
     });
 }

@@ -10,8 +10,8 @@ namespace LinuxWifi
 class ConnMan : public WifiManager
 {
 public:
-    /// Each call through `bus` may take `timeoutMs`.
-    ConnMan(BusCaller &bus, int timeoutMs);
+    /// Calls go through `bus`.
+    ConnMan(BusCaller &bus, const Patience &patience);
 
     Manager manager() const override;
     QString service() const override;
@@ -20,7 +20,7 @@ public:
 
 private:
     BusCaller &m_bus;
-    const int m_timeoutMs;
+    const Patience m_patience;
 };
 
 } // namespace LinuxWifi

@@ -47,9 +47,9 @@ Finding findingIn(const Objects &objects, const QString &interface)
 }
 } // namespace
 
-Iwd::Iwd(BusCaller &bus, int timeoutMs)
+Iwd::Iwd(BusCaller &bus, const Patience &patience)
     : m_bus(bus)
-    , m_timeoutMs(timeoutMs)
+    , m_patience(patience)
 {
 }
 
@@ -67,21 +67,22 @@ void Iwd::find(const QString &interface, QObject *context, const Found &found)
 {
     const QDBusMessage call = QDBusMessage::createMethodCall(Service, QStringLiteral("/"),
         QStringLiteral("org.freedesktop.DBus.ObjectManager"), QStringLiteral("GetManagedObjects"));
-    m_bus.call(call, m_timeoutMs, context, [this, interface, found](const QDBusMessage &reply) {
-        if (reply.type() != QDBusMessage::ReplyMessage)
-            found(findingOf(answerOf(reply, manager(), Meanings)));
-        else if (reply.signature() == QStringLiteral("a{oa{sa{sv}}}"))
-            found(findingIn(qdbus_cast<Objects>(reply.arguments().value(0)), interface));
-        else
-            found({});
-    });
+    m_bus.call(
+        call, m_patience.callMs, context, [this, interface, found](const QDBusMessage &reply) {
+            if (reply.type() != QDBusMessage::ReplyMessage)
+                found(findingOf(answerOf(reply, manager(), Meanings)));
+            else if (reply.signature() == QStringLiteral("a{oa{sa{sv}}}"))
+                found(findingIn(qdbus_cast<Objects>(reply.arguments().value(0)), interface));
+            else
+                found({});
+        });
 }
 
 void Iwd::scan(const QString &object, QObject *context, const Scanned &scanned)
 {
     const QDBusMessage call =
         QDBusMessage::createMethodCall(Service, object, StationInterface, QStringLiteral("Scan"));
-    m_bus.call(call, m_timeoutMs, context, [this, scanned](const QDBusMessage &reply) {
+    m_bus.call(call, m_patience.scanMs, context, [this, scanned](const QDBusMessage &reply) {
         scanned(answerOf(reply, manager(), Meanings));
     });
 }

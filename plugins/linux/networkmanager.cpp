@@ -25,9 +25,9 @@ const QVector<ErrorMeaning> Meanings = {
 };
 } // namespace
 
-NetworkManager::NetworkManager(BusCaller &bus, int timeoutMs)
+NetworkManager::NetworkManager(BusCaller &bus, const Patience &patience)
     : m_bus(bus)
-    , m_timeoutMs(timeoutMs)
+    , m_patience(patience)
 {
 }
 
@@ -46,7 +46,7 @@ void NetworkManager::find(const QString &interface, QObject *context, const Foun
     QDBusMessage call = QDBusMessage::createMethodCall(
         Service, ManagerPath, Service, QStringLiteral("GetDeviceByIpIface"));
     call << interface;
-    m_bus.call(call, m_timeoutMs, context, [this, context, found](const QDBusMessage &reply) {
+    m_bus.call(call, m_patience.callMs, context, [this, context, found](const QDBusMessage &reply) {
         if (reply.type() == QDBusMessage::ReplyMessage)
             findState(reply.arguments().value(0).value<QDBusObjectPath>().path(), context, found);
         else
@@ -59,7 +59,7 @@ void NetworkManager::findState(const QString &object, QObject *context, const Fo
     QDBusMessage call = QDBusMessage::createMethodCall(
         Service, object, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
     call << DeviceInterface << QStringLiteral("State");
-    m_bus.call(call, m_timeoutMs, context, [this, object, found](const QDBusMessage &reply) {
+    m_bus.call(call, m_patience.callMs, context, [this, object, found](const QDBusMessage &reply) {
         if (reply.type() != QDBusMessage::ReplyMessage)
             found(findingOf(answerOf(reply, manager(), Meanings)));
         else if (reply.arguments().value(0).value<QDBusVariant>().variant().toUInt() == Unmanaged)
@@ -74,7 +74,7 @@ void NetworkManager::scan(const QString &object, QObject *context, const Scanned
     QDBusMessage call = QDBusMessage::createMethodCall(
         Service, object, WirelessInterface, QStringLiteral("RequestScan"));
     call << QVariantMap();
-    m_bus.call(call, m_timeoutMs, context, [this, scanned](const QDBusMessage &reply) {
+    m_bus.call(call, m_patience.scanMs, context, [this, scanned](const QDBusMessage &reply) {
         scanned(answerOf(reply, manager(), Meanings));
     });
 }

@@ -10,9 +10,8 @@ namespace LinuxWifi
 class NetworkManager : public WifiManager
 {
 public:
-    /// Each call through `bus` may take `timeoutMs`. NetworkManager asks polkit before
-    /// it answers.
-    NetworkManager(BusCaller &bus, int timeoutMs);
+    /// Calls go through `bus`.
+    NetworkManager(BusCaller &bus, const Patience &patience);
 
     Manager manager() const override;
     QString service() const override;
@@ -23,7 +22,7 @@ private:
     void findState(const QString &object, QObject *context, const Found &found);
 
     BusCaller &m_bus;
-    const int m_timeoutMs;
+    const Patience m_patience;
 };
 
 } // namespace LinuxWifi

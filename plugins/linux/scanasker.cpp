@@ -13,13 +13,13 @@ using Result = ScanAnswer::Result;
 ScanAsker::ScanAsker(const Settings &settings, Answered answered, QObject *parent)
     : QObject(parent)
     , m_answered(std::move(answered))
-    , m_bus(settings.addresses, settings.timeoutMs)
+    , m_bus(settings.addresses, settings.patience.callMs)
 {
     // NetworkManager has one of the next two work for it, and both know the interface then.
-    m_managers.push_back(std::make_unique<NetworkManager>(m_bus, settings.timeoutMs));
-    m_managers.push_back(std::make_unique<Iwd>(m_bus, settings.timeoutMs));
-    m_managers.push_back(std::make_unique<WpaSupplicant>(m_bus, settings.timeoutMs));
-    m_managers.push_back(std::make_unique<ConnMan>(m_bus, settings.timeoutMs));
+    m_managers.push_back(std::make_unique<NetworkManager>(m_bus, settings.patience));
+    m_managers.push_back(std::make_unique<Iwd>(m_bus, settings.patience));
+    m_managers.push_back(std::make_unique<WpaSupplicant>(m_bus, settings.patience));
+    m_managers.push_back(std::make_unique<ConnMan>(m_bus, settings.patience));
     for (const auto &manager : m_managers)
         m_bus.watch(manager->service());
     connect(&m_bus, &SystemBus::opened, this, &ScanAsker::onOpened);

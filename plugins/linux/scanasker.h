@@ -22,8 +22,8 @@ public:
     struct Settings {
         /// The bus' addresses at present.
         std::function<QString()> addresses = systemBusAddresses;
-        int timeoutMs = 5000; ///< For each step; a manager may ask polkit before it answers.
-        int settleMs = 3000;  ///< What a manager needs from its start until it manages something.
+        Patience patience;
+        int settleMs = 3000; ///< What a manager needs from its start until it manages something.
     };
     using Answered = std::function<void(const ScanAnswer &answer)>;
 

@@ -25,6 +25,14 @@ public:
         const QDBusMessage &message, int timeoutMs, QObject *context, const Answered &answered) = 0;
 };
 
+/// How long an answer is waited for, in ms.
+struct Patience {
+    int callMs = 5000; ///< To a question; NetworkManager asks polkit before it answers.
+    /// To the request for a scan: iwd answers when the scan before it is over, ConnMan when the
+    /// scan itself is.
+    int scanMs = 25000;
+};
+
 /// What a manager says about an interface.
 struct Finding {
     enum class State {

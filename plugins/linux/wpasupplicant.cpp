@@ -21,9 +21,9 @@ const QVector<ErrorMeaning> Meanings = {
 };
 } // namespace
 
-WpaSupplicant::WpaSupplicant(BusCaller &bus, int timeoutMs)
+WpaSupplicant::WpaSupplicant(BusCaller &bus, const Patience &patience)
     : m_bus(bus)
-    , m_timeoutMs(timeoutMs)
+    , m_patience(patience)
 {
 }
 
@@ -42,7 +42,7 @@ void WpaSupplicant::find(const QString &interface, QObject *context, const Found
     QDBusMessage call = QDBusMessage::createMethodCall(
         Service, ManagerPath, Service, QStringLiteral("GetInterface"));
     call << interface;
-    m_bus.call(call, m_timeoutMs, context, [this, found](const QDBusMessage &reply) {
+    m_bus.call(call, m_patience.callMs, context, [this, found](const QDBusMessage &reply) {
         if (reply.type() == QDBusMessage::ReplyMessage)
             found({Finding::State::Managed,
                 reply.arguments().value(0).value<QDBusObjectPath>().path(), {}});
@@ -68,7 +68,7 @@ void WpaSupplicant::scan(
     QDBusMessage call =
         QDBusMessage::createMethodCall(Service, object, InterfaceInterface, QStringLiteral("Scan"));
     call << QVariantMap{{QStringLiteral("Type"), QString::fromLatin1(type)}};
-    m_bus.call(call, m_timeoutMs, context, [this, scanned](const QDBusMessage &reply) {
+    m_bus.call(call, m_patience.scanMs, context, [this, scanned](const QDBusMessage &reply) {
         scanned(answerOf(reply, manager(), Meanings));
     });
 }

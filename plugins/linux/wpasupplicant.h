@@ -10,8 +10,8 @@ namespace LinuxWifi
 class WpaSupplicant : public WifiManager
 {
 public:
-    /// Each call through `bus` may take `timeoutMs`.
-    WpaSupplicant(BusCaller &bus, int timeoutMs);
+    /// Calls go through `bus`.
+    WpaSupplicant(BusCaller &bus, const Patience &patience);
 
     Manager manager() const override;
     QString service() const override;
@@ -22,7 +22,7 @@ private:
     void scan(const QString &object, const char *type, QObject *context, const Scanned &scanned);
 
     BusCaller &m_bus;
-    const int m_timeoutMs;
+    const Patience m_patience;
 };
 
 } // namespace LinuxWifi

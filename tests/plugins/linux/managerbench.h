@@ -43,7 +43,7 @@ private:
     {
         ScanAsker::Settings settings;
         settings.addresses = [address = m_address] { return address; };
-        settings.timeoutMs = timeoutMs;
+        settings.patience = {timeoutMs, timeoutMs};
         settings.settleMs = settleMs;
         return settings;
     }

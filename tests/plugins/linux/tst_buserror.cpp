@@ -43,7 +43,6 @@ void TestBusError::errorsHaveTheirMeanings_data()
         QTest::newRow(error) << QString::fromLatin1(error) << result;
     };
     row("org.freedesktop.DBus.Error.ServiceUnknown", Result::NoService);
-    row("org.freedesktop.DBus.Error.NameHasNoOwner", Result::NoService);
     row("org.freedesktop.DBus.Error.Disconnected", Result::NoBus);
     row("org.freedesktop.DBus.Error.AccessDenied", Result::NotPermitted);
     row("org.freedesktop.DBus.Error.InteractiveAuthorizationRequired", Result::NotPermitted);
@@ -57,7 +56,7 @@ void TestBusError::errorsHaveTheirMeanings_data()
     row("org.freedesktop.DBus.Error.Failed", Result::Failed);
     row("own.Denied", Result::NotPermitted);
     // The manager's own meaning comes first.
-    row("org.freedesktop.DBus.Error.InvalidArgs", Result::NotAvailable);
+    row("org.freedesktop.DBus.Error.NameHasNoOwner", Result::NotAvailable);
 }
 
 void TestBusError::errorsHaveTheirMeanings()
@@ -65,7 +64,7 @@ void TestBusError::errorsHaveTheirMeanings()
     QFETCH(QString, error);
     QFETCH(Result, result);
     const QVector<ErrorMeaning> own{{"own.Denied", Result::NotPermitted},
-        {"org.freedesktop.DBus.Error.InvalidArgs", Result::NotAvailable}};
+        {"org.freedesktop.DBus.Error.NameHasNoOwner", Result::NotAvailable}};
     const ScanAnswer answer =
         answerOf(call().createErrorReply(error, QStringLiteral("because")), Manager::ConnMan, own);
     QVERIFY(answer.result == result);
