@@ -245,8 +245,6 @@ bool Backend::readNetworks(const WifiInterface &interface, QList<ScanMap> &netwo
     if (link)
         air.traffic.take(*link, now);
     const QString joined = air.traffic.carrier(accessPoints);
-    if (joined.isEmpty())
-        air.traffic.reset();
     air.order.sort(accessPoints, joined);
     networks.append(scanMaps(accessPoints, joined, link));
 

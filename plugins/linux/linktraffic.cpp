@@ -22,7 +22,7 @@ quint64 since(std::optional<quint64> before, std::optional<quint64> after)
 void LinkTraffic::take(const StationLink &link, qint64 now)
 {
     if (link.address != m_address)
-        reset();
+        *this = LinkTraffic();
     m_address = link.address;
 
     m_carried.clear();
@@ -38,11 +38,6 @@ void LinkTraffic::take(const StationLink &link, qint64 now)
     m_at = now;
     m_bytes = link.bytes;
     m_links = link.byLink;
-}
-
-void LinkTraffic::reset()
-{
-    *this = LinkTraffic();
 }
 
 quint64 LinkTraffic::carried(const AccessPoint &accessPoint) const

@@ -16,8 +16,6 @@ public:
 
     /// Takes the counters as they were at `now`.
     void take(const StationLink &link, qint64 now);
-    /// The machine is not joined.
-    void reset();
 
     /// Whether the user sends or receives something, judged by the last two counts.
     bool busy() const { return m_busy; }

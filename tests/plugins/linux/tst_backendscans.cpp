@@ -30,6 +30,8 @@ private slots:
     void adapterThatIsNotReadyGetsASecondChance_data();
     void adapterThatIsNotReadyGetsASecondChance();
     void refusalIsOverWhenARequestIsAccepted();
+    void usualIntervalHoldsOnceAScanIsStarted_data();
+    void usualIntervalHoldsOnceAScanIsStarted();
     void radioThatCameBackScansAtOnce();
     void scanOnDemandObeysTheInterval();
 };
@@ -248,6 +250,36 @@ void TestBackendScans::refusalIsOverWhenARequestIsAccepted()
     bench.requester.m_answer = refusal;
     QVERIFY(bench.round());
     QCOMPARE(bench.problems.size(), 2);
+}
+
+void TestBackendScans::usualIntervalHoldsOnceAScanIsStarted_data()
+{
+    QTest::addColumn<bool>("own");
+    QTest::newRow("by the kernel") << true;
+    QTest::newRow("by a manager") << false;
+}
+
+void TestBackendScans::usualIntervalHoldsOnceAScanIsStarted()
+{
+    QFETCH(bool, own);
+    Bench bench;
+    bench.kernel.add(2, "wlan0");
+    bench.kernel.m_triggerError = own ? EIO : EPERM;
+    const auto asked = [&] {
+        return own ? bench.kernel.m_triggered.size() : bench.requester.m_requested.size();
+    };
+    QVERIFY(bench.round());
+    bench.requester.m_answer = ScanAnswer{Result::Failed, QString()};
+    QVERIFY(bench.round());
+    bench.now += 30000;
+    if (own)
+        bench.kernel.m_triggerError = 0;
+    QVERIFY(bench.round());
+    QCOMPARE(asked(), 2);
+    bench.requester.m_answer = ScanAnswer{Result::Accepted, QString()};
+    for (int i = 0; i < 2; ++i) // 8 s
+        QVERIFY(bench.round());
+    QCOMPARE(asked(), 3);
 }
 
 void TestBackendScans::radioThatCameBackScansAtOnce()

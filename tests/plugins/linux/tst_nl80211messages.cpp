@@ -490,7 +490,7 @@ void TestNl80211Messages::noticesOfScansAreRead()
 void TestNl80211Messages::scanThatOnlyListensIsTold()
 {
     Message empty(NL80211_CMD_NEW_SCAN_RESULTS);
-    empty.u32(NL80211_ATTR_IFINDEX, 7).begin(NL80211_ATTR_SCAN_SSIDS).end();
+    empty.u32(NL80211_ATTR_IFINDEX, 7).octets(NL80211_ATTR_SCAN_SSIDS, QByteArray());
     QVERIFY(!parseScanNotice(empty.header())->probing);
     Message none(NL80211_CMD_NEW_SCAN_RESULTS);
     none.u32(NL80211_ATTR_IFINDEX, 7);
