@@ -81,7 +81,7 @@ bool Backend::joinedNetwork(const QString &name, ScanMap &network)
     if (!this->networks(name, networks))
         return false;
     for (const ScanMap &candidate : qAsConst(networks)) {
-        if (candidate.value(QStringLiteral("current_connected")) == QStringLiteral("1")) {
+        if (candidate.value(ScanKey::Connected) == ScanJoined) {
             network = candidate;
             return true;
         }

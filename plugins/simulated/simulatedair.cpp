@@ -4,26 +4,16 @@
 
 #include <cmath>
 
-namespace
-{
-const QString ssidKey = QStringLiteral("ssid");
-const QString bssidKey = QStringLiteral("bssid");
-const QString channelKey = QStringLiteral("channel");
-const QString connectedKey = QStringLiteral("current_connected");
-const QString securityKey = QStringLiteral("security_mode");
-const QString signalKey = QStringLiteral("WLAN_NETWORK_SIGNAL");
-const QString linkRateKey = QStringLiteral("link_rate");
-} // namespace
-
 SimulatedAir::SimulatedAir(const Scenario &scenario)
     : m_scenario(scenario)
 {
     m_fixed.reserve(scenario.networks.size());
     m_keys.reserve(scenario.networks.size());
     for (const ScenarioNetwork &network : scenario.networks) {
-        m_fixed.append({{ssidKey, network.ssid}, {bssidKey, network.bssid},
-            {channelKey, QString::number(network.channel)}, {connectedKey, QStringLiteral("0")},
-            {securityKey, network.security}, {signalKey, QString()}});
+        m_fixed.append({{ScanKey::Ssid, network.ssid}, {ScanKey::Bssid, network.bssid},
+            {ScanKey::Channel, QString::number(network.channel)},
+            {ScanKey::Connected, QStringLiteral("0")}, {ScanKey::Security, network.security},
+            {ScanKey::Signal, QString()}});
         m_keys.append(SignalModel::TextKey(network.bssid));
     }
     reset();
@@ -170,12 +160,12 @@ ScanMap SimulatedAir::mapOf(int index) const
     const ScenarioNetwork &network = m_scenario.networks.at(index);
     ScanMap map = m_fixed.at(index);
     const int signal = SignalModel::Signal(network, m_scenario.seed, m_keys.at(index), m_seconds);
-    map[signalKey] = QString::number(signal);
+    map[ScanKey::Signal] = QString::number(signal);
     if (index == m_joined) {
-        map[connectedKey] = QStringLiteral("1");
+        map[ScanKey::Connected] = ScanJoined;
         if (network.linkRate > 0) {
-            map.insert(
-                linkRateKey, QString::number(SignalModel::LinkRate(network.linkRate, signal)));
+            map.insert(ScanKey::LinkRate,
+                QString::number(SignalModel::LinkRate(network.linkRate, signal)));
         }
     }
     for (auto it = network.raw.begin(); it != network.raw.end(); ++it)

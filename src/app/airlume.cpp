@@ -91,7 +91,7 @@ Airlume::~Airlume()
 /// Looks for the back end on Qt's library paths. Without one the program runs and hears nothing.
 void Airlume::loadBackEnd()
 {
-    QPluginLoader loader(QStringLiteral("libWiFiApiPlugin.dylib"));
+    QPluginLoader loader(WiFiApiLibrary);
     _wifiApi_inf = qobject_cast<WiFiApiInterface *>(loader.instance());
 }
 

@@ -100,24 +100,24 @@ void SignalScanThread::scanNetwork()
     bool isJoined = false;
     QHash<QString, TriedNames> tried;
     for (const ScanMap &map : qAsConst(m_mapList)) {
-        const QString bssid = map.value(QStringLiteral("bssid"));
-        QString name = map.value(QStringLiteral("ssid"));
+        const QString bssid = map.value(ScanKey::Bssid);
+        QString name = map.value(ScanKey::Ssid);
         if (!makeUnique(name, bssid, tried))
             continue;
 
         WifiProperty property;
         property.ssid = name;
         property.bssid = bssid;
-        property.connected = map.value(QStringLiteral("current_connected")) == QLatin1String("1");
-        property.security = map.value(QStringLiteral("security_mode"));
-        property.rssi = map.value(QStringLiteral("WLAN_NETWORK_SIGNAL")).toInt();
-        property.channel = map.value(QStringLiteral("channel")).toInt();
+        property.connected = map.value(ScanKey::Connected) == ScanJoined;
+        property.security = map.value(ScanKey::Security);
+        property.rssi = map.value(ScanKey::Signal).toInt();
+        property.channel = map.value(ScanKey::Channel).toInt();
         property.spareB = -1;
         isJoined = isJoined || property.connected;
         if (property.connected && !m_exit) {
             emit networkReturned(property.ssid);
             emit signalReturned(limitedSignal(property.rssi));
-            emit speedReturned(qMax(0, map.value(QStringLiteral("link_rate")).toInt()));
+            emit speedReturned(qMax(0, map.value(ScanKey::LinkRate).toInt()));
         }
         result.append(property);
         m_ssidToBssid.insert(name, bssid);

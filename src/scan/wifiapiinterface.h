@@ -1,15 +1,17 @@
 #ifndef AIRLUME_SCAN_WIFIAPIINTERFACE_H
 #define AIRLUME_SCAN_WIFIAPIINTERFACE_H
 
+#include "scan/wifiapicontract.h"
+
 #include <QList>
 #include <QMap>
 #include <QString>
 #include <QStringList>
 #include <QtPlugin>
 
-/// One access point as a back end reports it: "ssid", "bssid", "channel", "current_connected" ("1"
-/// when joined), "security_mode", "WLAN_NETWORK_SIGNAL" (whole dBm), and "link_rate" (whole Mbps of
-/// the joined network; may be missing). All values are text; other keys are ignored.
+/// One access point as a back end reports it, under the keys of ScanKey: Signal in whole dBm,
+/// LinkRate in whole Mbps for the joined network, if known. All values are text; other keys are
+/// ignored.
 using ScanMap = QMap<QString, QString>;
 
 /// The binary contract between Airlume and a Wi-Fi back end: a plug-in library named

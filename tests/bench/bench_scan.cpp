@@ -36,12 +36,12 @@ QVector<WifiProperty> plainRecords(const QList<ScanMap> &maps)
     QVector<WifiProperty> records;
     for (const ScanMap &map : maps) {
         WifiProperty record;
-        record.ssid = map.value(QStringLiteral("ssid"));
-        record.bssid = map.value(QStringLiteral("bssid"));
-        record.connected = map.value(QStringLiteral("current_connected")) == QLatin1String("1");
-        record.security = map.value(QStringLiteral("security_mode"));
-        record.rssi = map.value(QStringLiteral("WLAN_NETWORK_SIGNAL")).toInt();
-        record.channel = map.value(QStringLiteral("channel")).toInt();
+        record.ssid = map.value(ScanKey::Ssid);
+        record.bssid = map.value(ScanKey::Bssid);
+        record.connected = map.value(ScanKey::Connected) == ScanJoined;
+        record.security = map.value(ScanKey::Security);
+        record.rssi = map.value(ScanKey::Signal).toInt();
+        record.channel = map.value(ScanKey::Channel).toInt();
         records.append(record);
     }
     return records;

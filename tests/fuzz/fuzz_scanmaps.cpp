@@ -8,14 +8,8 @@
 
 namespace
 {
-const QString Ssid = QStringLiteral("ssid");
-const QString Bssid = QStringLiteral("bssid");
-const QString Joined = QStringLiteral("current_connected");
-const QString Signal = QStringLiteral("WLAN_NETWORK_SIGNAL");
-const QString ChannelKey = QStringLiteral("channel");
-const QString Security = QStringLiteral("security_mode");
-const QString LinkRate = QStringLiteral("link_rate");
-const QString Keys[] = {Ssid, Bssid, Joined, Signal, ChannelKey, Security, LinkRate};
+const QString Keys[] = {ScanKey::Ssid, ScanKey::Bssid, ScanKey::Connected, ScanKey::Signal,
+    ScanKey::Channel, ScanKey::Security, ScanKey::LinkRate};
 const int KeyCount = 7;
 // More are sound, but slow to check against the plain way of naming.
 const int MapLimit = 60;
@@ -42,7 +36,7 @@ QList<ScanMap> mapsFrom(const std::uint8_t *data, std::size_t size)
         if (selector == KeyCount + 1) {
             ScanMap copy = maps.isEmpty() ? map : maps.last();
             for (int i = 0; i < length && maps.size() < MapLimit; ++i) {
-                copy[Bssid] = QString::number(i);
+                copy[ScanKey::Bssid] = QString::number(i);
                 maps.append(copy);
             }
             continue;
@@ -70,8 +64,8 @@ QStringList plainNames(const QList<ScanMap> &maps)
     QStringList names;
     QMap<QString, QString> taken;
     for (const ScanMap &map : maps) {
-        QString name = map.value(Ssid);
-        const QString bssid = map.value(Bssid);
+        QString name = map.value(ScanKey::Ssid);
+        const QString bssid = map.value(ScanKey::Bssid);
         while (taken.contains(name) && taken.value(name) != bssid)
             name.append(QLatin1Char(' '));
         if (taken.contains(name)) {
@@ -128,11 +122,11 @@ public:
 
 void checkRecord(const WifiProperty &record, const ScanMap &map, const QString &name)
 {
-    require(record.ssid == name && record.bssid == map.value(Bssid));
-    require(record.security == map.value(Security));
-    require(record.connected == (map.value(Joined) == QLatin1String("1")));
-    require(record.rssi == map.value(Signal).toInt());
-    require(record.channel == map.value(ChannelKey).toInt());
+    require(record.ssid == name && record.bssid == map.value(ScanKey::Bssid));
+    require(record.security == map.value(ScanKey::Security));
+    require(record.connected == (map.value(ScanKey::Connected) == QLatin1String("1")));
+    require(record.rssi == map.value(ScanKey::Signal).toInt());
+    require(record.channel == map.value(ScanKey::Channel).toInt());
     require(record.spareA == 0 && record.spareB == -1);
 }
 

@@ -90,6 +90,15 @@ void TestWifiApi::keepsTheContract()
 {
     QCOMPARE(qobject_interface_iid<WiFiApiInterface *>(),
         "com.corvane.WiFiApiPlugin.WiFiApiInterface/1.0");
+    QCOMPARE(WiFiApiLibrary, QStringLiteral("libWiFiApiPlugin.dylib"));
+    QCOMPARE(ScanKey::Ssid, QStringLiteral("ssid"));
+    QCOMPARE(ScanKey::Bssid, QStringLiteral("bssid"));
+    QCOMPARE(ScanKey::Channel, QStringLiteral("channel"));
+    QCOMPARE(ScanKey::Connected, QStringLiteral("current_connected"));
+    QCOMPARE(ScanKey::Security, QStringLiteral("security_mode"));
+    QCOMPARE(ScanKey::Signal, QStringLiteral("WLAN_NETWORK_SIGNAL"));
+    QCOMPARE(ScanKey::LinkRate, QStringLiteral("link_rate"));
+    QCOMPARE(ScanJoined, QStringLiteral("1"));
 }
 
 void TestWifiApi::keepsTheOrderOfItsFunctions()

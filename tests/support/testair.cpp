@@ -31,13 +31,12 @@ QVector<WifiProperty> networks(int count)
 ScanMap scanMap(const QString &ssid, const QString &bssid, int rssi, int channel, bool connected)
 {
     return {
-        {QStringLiteral("ssid"), ssid},
-        {QStringLiteral("bssid"), bssid},
-        {QStringLiteral("channel"), QString::number(channel)},
-        {QStringLiteral("current_connected"),
-            connected ? QStringLiteral("1") : QStringLiteral("0")},
-        {QStringLiteral("security_mode"), QStringLiteral("WPA2-PSK")},
-        {QStringLiteral("WLAN_NETWORK_SIGNAL"), QString::number(rssi)},
+        {ScanKey::Ssid, ssid},
+        {ScanKey::Bssid, bssid},
+        {ScanKey::Channel, QString::number(channel)},
+        {ScanKey::Connected, connected ? QStringLiteral("1") : QStringLiteral("0")},
+        {ScanKey::Security, QStringLiteral("WPA2-PSK")},
+        {ScanKey::Signal, QString::number(rssi)},
     };
 }
 

@@ -24,13 +24,13 @@ public:
         if (!nic.isEmpty() && nic != QLatin1String("wlan0"))
             return false;
         networks.append({
-            {QStringLiteral("ssid"), QStringLiteral("Test bench")},
-            {QStringLiteral("bssid"), QStringLiteral("02:00:00:00:00:01")},
-            {QStringLiteral("channel"), QStringLiteral("36")},
-            {QStringLiteral("current_connected"), QStringLiteral("1")},
-            {QStringLiteral("security_mode"), QStringLiteral("WPA2-PSK")},
-            {QStringLiteral("WLAN_NETWORK_SIGNAL"), QStringLiteral("-48")},
-            {QStringLiteral("link_rate"), QStringLiteral("433")},
+            {ScanKey::Ssid, QStringLiteral("Test bench")},
+            {ScanKey::Bssid, QStringLiteral("02:00:00:00:00:01")},
+            {ScanKey::Channel, QStringLiteral("36")},
+            {ScanKey::Connected, ScanJoined},
+            {ScanKey::Security, QStringLiteral("WPA2-PSK")},
+            {ScanKey::Signal, QStringLiteral("-48")},
+            {ScanKey::LinkRate, QStringLiteral("433")},
         });
         return true;
     }

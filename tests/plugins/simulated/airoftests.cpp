@@ -39,8 +39,8 @@ QStringList joinedOf(const SimulatedAir &air)
     QStringList found;
     const QList<ScanMap> maps = networksOf(air);
     for (const ScanMap &map : maps) {
-        if (map.value(QStringLiteral("current_connected")) == QLatin1String("1"))
-            found.append(map.value(QStringLiteral("bssid")));
+        if (map.value(ScanKey::Connected) == ScanJoined)
+            found.append(map.value(ScanKey::Bssid));
     }
     return found;
 }
