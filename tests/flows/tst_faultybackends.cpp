@@ -163,8 +163,8 @@ void TestFaultyBackEnds::badScenarioFileLeavesNoInterface()
 
 void TestFaultyBackEnds::anExceptionEndsTheProgramAsACrashDoes()
 {
-    AirlumeProcess airlume(QStringLiteral("tests/backends/crashing"));
-    airlume.setEnvironment(QStringLiteral("AIRLUME_TEST_CRASH"), QStringLiteral("throwquery"));
+    AirlumeProcess airlume(QStringLiteral("tests/backends/faulty"));
+    airlume.setEnvironment(QStringLiteral("AIRLUME_TEST_FAULT"), QStringLiteral("throw"));
     airlume.launch();
     QVERIFY(airlume.waitForEnd());
     QVERIFY(!airlume.endedNormally());

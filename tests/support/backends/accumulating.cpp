@@ -3,30 +3,17 @@
 
 namespace
 {
-QList<ScanMap> heard;
+class Accumulating : public Kind
+{
+    bool query(QString &, QList<ScanMap> &networks) override
+    {
+        m_heard += Air::networks(3);
+        networks += m_heard;
+        return true;
+    }
+
+    QList<ScanMap> m_heard;
+};
 } // namespace
 
-namespace Kind
-{
-
-void prepare() {}
-
-bool list(QStringList &nics)
-{
-    nics.append(QStringLiteral("test0"));
-    return true;
-}
-
-bool isUsable(const QString &)
-{
-    return true;
-}
-
-bool query(QString &, QList<ScanMap> &networks)
-{
-    heard += Air::networks(3);
-    networks += heard;
-    return true;
-}
-
-} // namespace Kind
+AIRLUME_TEST_KIND(Accumulating)

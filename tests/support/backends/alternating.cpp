@@ -4,32 +4,17 @@
 
 namespace
 {
-int queries = 0;
+class Alternating : public Kind
+{
+    bool query(QString &nic, QList<ScanMap> &networks) override
+    {
+        const QString results = Air::setting("AIRLUME_TEST_RESULTS", QStringLiteral("01"));
+        return results.at(m_queries++ % results.size()) == QLatin1Char('1') &&
+               Kind::query(nic, networks);
+    }
+
+    int m_queries = 0;
+};
 } // namespace
 
-namespace Kind
-{
-
-void prepare() {}
-
-bool list(QStringList &nics)
-{
-    nics.append(QStringLiteral("test0"));
-    return true;
-}
-
-bool isUsable(const QString &)
-{
-    return true;
-}
-
-bool query(QString &, QList<ScanMap> &networks)
-{
-    const QString results = Air::setting("AIRLUME_TEST_RESULTS", QStringLiteral("01"));
-    if (results.at(queries++ % results.size()) != QLatin1Char('1'))
-        return false;
-    networks += Air::networks(3);
-    return true;
-}
-
-} // namespace Kind
+AIRLUME_TEST_KIND(Alternating)

@@ -9,36 +9,22 @@
 
 namespace
 {
-int queries = 0;
+class Blocking : public Kind
+{
+    bool query(QString &nic, QList<ScanMap> &networks) override
+    {
+        const QString seconds = Air::setting("AIRLUME_TEST_BLOCK_SECONDS", QStringLiteral("30"));
+        const QString after = Air::setting("AIRLUME_TEST_BLOCK_AFTER", QStringLiteral("0"));
+        if (m_queries++ >= after.toInt()) {
+            std::fputs("Blocking now\n", stderr);
+            QThread::usleep(static_cast<unsigned long>(seconds.toDouble() * 1e6));
+            std::fputs("Blocking over\n", stderr);
+        }
+        return Kind::query(nic, networks);
+    }
+
+    int m_queries = 0;
+};
 } // namespace
 
-namespace Kind
-{
-
-void prepare() {}
-
-bool list(QStringList &nics)
-{
-    nics.append(QStringLiteral("test0"));
-    return true;
-}
-
-bool isUsable(const QString &)
-{
-    return true;
-}
-
-bool query(QString &, QList<ScanMap> &networks)
-{
-    const QString seconds = Air::setting("AIRLUME_TEST_BLOCK_SECONDS", QStringLiteral("30"));
-    const QString after = Air::setting("AIRLUME_TEST_BLOCK_AFTER", QStringLiteral("0"));
-    if (queries++ >= after.toInt()) {
-        std::fputs("Blocking now\n", stderr);
-        QThread::usleep(static_cast<unsigned long>(seconds.toDouble() * 1e6));
-        std::fputs("Blocking over\n", stderr);
-    }
-    networks += Air::networks(3);
-    return true;
-}
-
-} // namespace Kind
+AIRLUME_TEST_KIND(Blocking)

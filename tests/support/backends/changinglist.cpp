@@ -5,37 +5,27 @@
 
 namespace
 {
-int calls = 0;
-QStringList current;
+class ChangingList : public Kind
+{
+    bool list(QStringList &nics) override
+    {
+        const QStringList lists =
+            Air::setting("AIRLUME_TEST_INTERFACES", QStringLiteral("test0|test1,test0||test2"))
+                .split(QLatin1Char('|'));
+        m_current = lists.at(m_calls++ % lists.size()).split(QLatin1Char(','), Qt::SkipEmptyParts);
+        m_current.replaceInStrings(QStringLiteral("~"), QString());
+        nics += m_current;
+        return true;
+    }
+
+    bool query(QString &nic, QList<ScanMap> &networks) override
+    {
+        return !m_current.isEmpty() && Kind::query(nic, networks);
+    }
+
+    int m_calls = 0;
+    QStringList m_current;
+};
 } // namespace
 
-namespace Kind
-{
-
-void prepare() {}
-
-bool list(QStringList &nics)
-{
-    const QStringList lists =
-        Air::setting("AIRLUME_TEST_INTERFACES", QStringLiteral("test0|test1,test0||test2"))
-            .split(QLatin1Char('|'));
-    current = lists.at(calls++ % lists.size()).split(QLatin1Char(','), Qt::SkipEmptyParts);
-    current.replaceInStrings(QStringLiteral("~"), QString());
-    nics += current;
-    return true;
-}
-
-bool isUsable(const QString &)
-{
-    return true;
-}
-
-bool query(QString &, QList<ScanMap> &networks)
-{
-    if (current.isEmpty())
-        return false;
-    networks += Air::networks(3);
-    return true;
-}
-
-} // namespace Kind
+AIRLUME_TEST_KIND(ChangingList)

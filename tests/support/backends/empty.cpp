@@ -1,25 +1,14 @@
 // Everything succeeds and there is nothing: no interface, no network.
 #include "testbackend.h"
 
-namespace Kind
+namespace
 {
-
-void prepare() {}
-
-bool list(QStringList &nics)
+class Empty : public Kind
 {
-    Q_UNUSED(nics)
-    return true;
-}
+    bool list(QStringList &) override { return true; }
+    bool isUsable(const QString &) override { return false; }
+    bool query(QString &, QList<ScanMap> &) override { return true; }
+};
+} // namespace
 
-bool isUsable(const QString &)
-{
-    return false;
-}
-
-bool query(QString &, QList<ScanMap> &)
-{
-    return true;
-}
-
-} // namespace Kind
+AIRLUME_TEST_KIND(Empty)

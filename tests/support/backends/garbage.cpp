@@ -4,37 +4,28 @@
 
 namespace
 {
-QList<ScanMap> air;
-
-ScanMap with(int index, const char *key, const QString &value)
-{
-    ScanMap map = Air::network(index);
-    map.insert(QLatin1String(key), value);
-    return map;
-}
-
 QList<ScanMap> broken()
 {
     QList<ScanMap> maps{
         ScanMap(),
-        with(2, "channel", QStringLiteral("eleven")),
-        with(3, "channel", QStringLiteral("99999999999999999999")),
-        with(4, "channel", QStringLiteral("-3")),
-        with(5, "channel", QStringLiteral("2147483648")),
-        with(6, "WLAN_NETWORK_SIGNAL", QStringLiteral("-67dBm")),
-        with(7, "WLAN_NETWORK_SIGNAL", QStringLiteral("-2147483649")),
-        with(8, "WLAN_NETWORK_SIGNAL", QStringLiteral("5")),
-        with(9, "current_connected", QStringLiteral("true")),
-        with(10, "current_connected", QStringLiteral("01")),
-        with(11, "current_connected", QStringLiteral("1")),
-        with(12, "current_connected", QStringLiteral("1")),
-        with(13, "security_mode", QString()),
-        with(14, "bssid", QStringLiteral("not an address")),
-        with(15, "bssid", QString()),
-        with(16, "link_rate", QStringLiteral("fast")),
-        with(17, "ssid", QString(1024 * 1024, QLatin1Char('x'))),
-        with(18, "ssid", QStringLiteral("\x1b[2J\x07<script>\n%1%s")),
-        with(19, "ssid", QString(QChar(0xd800))),
+        Air::networkWith(2, ScanKey::Channel, QStringLiteral("eleven")),
+        Air::networkWith(3, ScanKey::Channel, QStringLiteral("99999999999999999999")),
+        Air::networkWith(4, ScanKey::Channel, QStringLiteral("-3")),
+        Air::networkWith(5, ScanKey::Channel, QStringLiteral("2147483648")),
+        Air::networkWith(6, ScanKey::Signal, QStringLiteral("-67dBm")),
+        Air::networkWith(7, ScanKey::Signal, QStringLiteral("-2147483649")),
+        Air::networkWith(8, ScanKey::Signal, QStringLiteral("5")),
+        Air::networkWith(9, ScanKey::Connected, QStringLiteral("true")),
+        Air::networkWith(10, ScanKey::Connected, QStringLiteral("01")),
+        Air::networkWith(11, ScanKey::Connected, QStringLiteral("1")),
+        Air::networkWith(12, ScanKey::Connected, QStringLiteral("1")),
+        Air::networkWith(13, ScanKey::Security, QString()),
+        Air::networkWith(14, ScanKey::Bssid, QStringLiteral("not an address")),
+        Air::networkWith(15, ScanKey::Bssid, QString()),
+        Air::networkWith(16, ScanKey::LinkRate, QStringLiteral("fast")),
+        Air::networkWith(17, ScanKey::Ssid, QString(1024 * 1024, QLatin1Char('x'))),
+        Air::networkWith(18, ScanKey::Ssid, QStringLiteral("\x1b[2J\x07<script>\n%1%s")),
+        Air::networkWith(19, ScanKey::Ssid, QString(QChar(0xd800))),
         Air::network(20),
         Air::network(20),
     };
@@ -46,31 +37,23 @@ QList<ScanMap> broken()
     }
     return maps;
 }
+
+class Garbage : public Kind
+{
+    bool list(QStringList &nics) override
+    {
+        nics << QString() << QStringLiteral("test0") << QStringLiteral("test0");
+        return true;
+    }
+
+    bool query(QString &, QList<ScanMap> &networks) override
+    {
+        networks += m_air;
+        return true;
+    }
+
+    const QList<ScanMap> m_air = broken();
+};
 } // namespace
 
-namespace Kind
-{
-
-void prepare()
-{
-    air = broken();
-}
-
-bool list(QStringList &nics)
-{
-    nics << QString() << QStringLiteral("test0") << QStringLiteral("test0");
-    return true;
-}
-
-bool isUsable(const QString &)
-{
-    return true;
-}
-
-bool query(QString &, QList<ScanMap> &networks)
-{
-    networks += air;
-    return true;
-}
-
-} // namespace Kind
+AIRLUME_TEST_KIND(Garbage)

@@ -25,35 +25,27 @@ QStringList names()
         QStringLiteral("   "),
     };
 }
+
+class Hostile : public Kind
+{
+    bool list(QStringList &nics) override
+    {
+        nics.append(QStringLiteral("test\x1b[2J0"));
+        return true;
+    }
+
+    bool query(QString &, QList<ScanMap> &networks) override
+    {
+        qCritical("Cannot tune \x1b[2J to %%s \x07 of network \xe2\x80\xae%%1");
+        int index = 0;
+        for (const QString &name : names()) {
+            ScanMap map = Air::networkWith(index++, ScanKey::Ssid, name);
+            map.insert(ScanKey::Security, QString::fromUtf8("WPA2\x1b[31m\xe2\x80\xae"));
+            networks.append(map);
+        }
+        return true;
+    }
+};
 } // namespace
 
-namespace Kind
-{
-
-void prepare() {}
-
-bool list(QStringList &nics)
-{
-    nics.append(QStringLiteral("test\x1b[2J0"));
-    return true;
-}
-
-bool isUsable(const QString &)
-{
-    return true;
-}
-
-bool query(QString &, QList<ScanMap> &networks)
-{
-    qCritical("Cannot tune \x1b[2J to %%s \x07 of network \xe2\x80\xae%%1");
-    int index = 0;
-    for (const QString &name : names()) {
-        ScanMap map = Air::network(index++);
-        map.insert(QStringLiteral("ssid"), name);
-        map.insert(QStringLiteral("security_mode"), QString::fromUtf8("WPA2\x1b[31m\xe2\x80\xae"));
-        networks.append(map);
-    }
-    return true;
-}
-
-} // namespace Kind
+AIRLUME_TEST_KIND(Hostile)

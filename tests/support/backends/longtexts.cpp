@@ -6,8 +6,6 @@ namespace
 {
 const int Letters = 1024 * 1024;
 
-QList<ScanMap> air;
-
 QString repeated(const QString &unit)
 {
     return unit.repeated(Letters / unit.size());
@@ -29,38 +27,30 @@ QStringList units()
         QStringLiteral("<table><img src=x>&#x202e;%1%n"),
     };
 }
-} // namespace
 
-namespace Kind
+QList<ScanMap> airOfLongTexts()
 {
-
-void prepare()
-{
-    air = Air::networks(20);
+    QList<ScanMap> air = Air::networks(20);
     int index = 0;
     for (const QString &unit : units()) {
         ScanMap &map = air[index++];
         const QString text = repeated(unit);
-        for (const char *key : {"ssid", "bssid", "security_mode"})
-            map.insert(QLatin1String(key), text);
+        for (const QString &key : {ScanKey::Ssid, ScanKey::Bssid, ScanKey::Security})
+            map.insert(key, text);
     }
+    return air;
 }
 
-bool list(QStringList &nics)
+class LongTexts : public Kind
 {
-    nics.append(QStringLiteral("test0"));
-    return true;
-}
+    bool query(QString &, QList<ScanMap> &networks) override
+    {
+        networks += m_air;
+        return true;
+    }
 
-bool isUsable(const QString &)
-{
-    return true;
-}
+    const QList<ScanMap> m_air = airOfLongTexts();
+};
+} // namespace
 
-bool query(QString &, QList<ScanMap> &networks)
-{
-    networks += air;
-    return true;
-}
-
-} // namespace Kind
+AIRLUME_TEST_KIND(LongTexts)

@@ -3,32 +3,16 @@
 
 namespace
 {
-QList<ScanMap> air;
+class ManyNetworks : public Kind
+{
+    bool query(QString &, QList<ScanMap> &networks) override
+    {
+        networks += m_air;
+        return true;
+    }
+
+    const QList<ScanMap> m_air = Air::networks(AIRLUME_TEST_NETWORKS);
+};
 } // namespace
 
-namespace Kind
-{
-
-void prepare()
-{
-    air = Air::networks(AIRLUME_TEST_NETWORKS);
-}
-
-bool list(QStringList &nics)
-{
-    nics.append(QStringLiteral("test0"));
-    return true;
-}
-
-bool isUsable(const QString &)
-{
-    return true;
-}
-
-bool query(QString &, QList<ScanMap> &networks)
-{
-    networks += air;
-    return true;
-}
-
-} // namespace Kind
+AIRLUME_TEST_KIND(ManyNetworks)

@@ -1,28 +1,15 @@
 // Answers only when it is told the interface's name.
 #include "testbackend.h"
 
-namespace Kind
+namespace
 {
-
-void prepare() {}
-
-bool list(QStringList &nics)
+class NamedOnly : public Kind
 {
-    nics.append(QStringLiteral("test0"));
-    return true;
-}
+    bool query(QString &nic, QList<ScanMap> &networks) override
+    {
+        return !nic.isEmpty() && Kind::query(nic, networks);
+    }
+};
+} // namespace
 
-bool isUsable(const QString &)
-{
-    return true;
-}
-
-bool query(QString &nic, QList<ScanMap> &networks)
-{
-    if (nic.isEmpty())
-        return false;
-    networks += Air::networks(3);
-    return true;
-}
-
-} // namespace Kind
+AIRLUME_TEST_KIND(NamedOnly)

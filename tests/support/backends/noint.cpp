@@ -1,25 +1,14 @@
 // No interface, and every call fails.
 #include "testbackend.h"
 
-namespace Kind
+namespace
 {
-
-void prepare() {}
-
-bool list(QStringList &nics)
+class NoInterface : public Kind
 {
-    Q_UNUSED(nics)
-    return false;
-}
+    bool list(QStringList &) override { return false; }
+    bool isUsable(const QString &) override { return false; }
+    bool query(QString &, QList<ScanMap> &) override { return false; }
+};
+} // namespace
 
-bool isUsable(const QString &)
-{
-    return false;
-}
-
-bool query(QString &, QList<ScanMap> &)
-{
-    return false;
-}
-
-} // namespace Kind
+AIRLUME_TEST_KIND(NoInterface)

@@ -1,25 +1,12 @@
 // An interface that works and hears nothing.
 #include "testbackend.h"
 
-namespace Kind
+namespace
 {
-
-void prepare() {}
-
-bool list(QStringList &nics)
+class NoNetworks : public Kind
 {
-    nics.append(QStringLiteral("test0"));
-    return true;
-}
+    bool query(QString &, QList<ScanMap> &) override { return true; }
+};
+} // namespace
 
-bool isUsable(const QString &)
-{
-    return true;
-}
-
-bool query(QString &, QList<ScanMap> &)
-{
-    return true;
-}
-
-} // namespace Kind
+AIRLUME_TEST_KIND(NoNetworks)

@@ -1,25 +1,13 @@
 // An interface whose radio is off.
 #include "testbackend.h"
 
-namespace Kind
+namespace
 {
-
-void prepare() {}
-
-bool list(QStringList &nics)
+class RadioOff : public Kind
 {
-    nics.append(QStringLiteral("test0"));
-    return true;
-}
+    bool isUsable(const QString &) override { return false; }
+    bool query(QString &, QList<ScanMap> &) override { return false; }
+};
+} // namespace
 
-bool isUsable(const QString &)
-{
-    return false;
-}
-
-bool query(QString &, QList<ScanMap> &)
-{
-    return false;
-}
-
-} // namespace Kind
+AIRLUME_TEST_KIND(RadioOff)

@@ -1,31 +1,35 @@
-// Takes 120 ms for every call.
+// Takes AIRLUME_TEST_SLOW_MS (120) for every call.
 #include "testbackend.h"
 
 #include <QThread>
 
-namespace Kind
+namespace
 {
-
-void prepare() {}
-
-bool list(QStringList &nics)
+void dawdle()
 {
-    QThread::msleep(120);
-    nics.append(QStringLiteral("test0"));
-    return true;
+    QThread::msleep(Air::setting("AIRLUME_TEST_SLOW_MS", QStringLiteral("120")).toULong());
 }
 
-bool isUsable(const QString &)
+class Slow : public Kind
 {
-    QThread::msleep(120);
-    return true;
-}
+    bool list(QStringList &nics) override
+    {
+        dawdle();
+        return Kind::list(nics);
+    }
 
-bool query(QString &, QList<ScanMap> &networks)
-{
-    QThread::msleep(120);
-    networks += Air::networks(3);
-    return true;
-}
+    bool isUsable(const QString &nic) override
+    {
+        dawdle();
+        return Kind::isUsable(nic);
+    }
 
-} // namespace Kind
+    bool query(QString &nic, QList<ScanMap> &networks) override
+    {
+        dawdle();
+        return Kind::query(nic, networks);
+    }
+};
+} // namespace
+
+AIRLUME_TEST_KIND(Slow)

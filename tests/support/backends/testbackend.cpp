@@ -1,23 +1,20 @@
 #include "testbackend.h"
 
-TestBackend::TestBackend()
+bool Kind::list(QStringList &nics)
 {
-    Kind::prepare();
+    nics.append(QStringLiteral("test0"));
+    return true;
 }
 
-bool TestBackend::isWiFiNicUsable(const QString &nic, int)
+bool Kind::isUsable(const QString &)
 {
-    return Kind::isUsable(nic);
+    return true;
 }
 
-bool TestBackend::getVisiableNetworkMapList(QString &nic, QList<ScanMap> &networks)
+bool Kind::query(QString &, QList<ScanMap> &networks)
 {
-    return Kind::query(nic, networks);
-}
-
-bool TestBackend::getWiFiNicList(QStringList &nics)
-{
-    return Kind::list(nics);
+    networks += Air::networks(3);
+    return true;
 }
 
 namespace Air
@@ -39,16 +36,22 @@ ScanMap network(int index)
 {
     static constexpr int channels[] = {1, 6, 11, 36, 44, 100, 149, 13};
     ScanMap map{
-        {QStringLiteral("ssid"), QStringLiteral("Network %1").arg(index, 4, 10, QLatin1Char('0'))},
-        {QStringLiteral("bssid"), address(index)},
-        {QStringLiteral("channel"), QString::number(channels[index % 8])},
-        {QStringLiteral("current_connected"),
-            index == 0 ? QStringLiteral("1") : QStringLiteral("0")},
-        {QStringLiteral("security_mode"), QStringLiteral("WPA2-PSK")},
-        {QStringLiteral("WLAN_NETWORK_SIGNAL"), QString::number(-35 - index % 60)},
+        {ScanKey::Ssid, QStringLiteral("Network %1").arg(index, 4, 10, QLatin1Char('0'))},
+        {ScanKey::Bssid, address(index)},
+        {ScanKey::Channel, QString::number(channels[index % 8])},
+        {ScanKey::Connected, index == 0 ? ScanJoined : QStringLiteral("0")},
+        {ScanKey::Security, QStringLiteral("WPA2-PSK")},
+        {ScanKey::Signal, QString::number(-35 - index % 60)},
     };
     if (index == 0)
-        map.insert(QStringLiteral("link_rate"), QStringLiteral("144"));
+        map.insert(ScanKey::LinkRate, QStringLiteral("144"));
+    return map;
+}
+
+ScanMap networkWith(int index, const QString &key, const QString &value)
+{
+    ScanMap map = network(index);
+    map.insert(key, value);
     return map;
 }
 
