@@ -18,6 +18,9 @@ public:
     QStringList interfaces{QStringLiteral("wlan0")};
     bool listed = true;
     int slowCalls = 0; ///< So many calls from now on take 60 ms.
+    std::function<QString(const QString &nic)> heard = [](const QString &) {
+        return QStringLiteral("x");
+    };
     std::function<bool(QString &nic, int number)> queryResult = [](QString &, int) { return true; };
 
     bool initWiFiApi() override { return note("initWiFiApi"); }
@@ -31,7 +34,7 @@ public:
     bool getVisiableNetworkMapList(QString &nic, QList<ScanMap> &networks) override
     {
         note("query:" + nic.toLatin1() + ':' + QByteArray::number(networks.size()));
-        networks.append(ScanMap{{QStringLiteral("ssid"), QStringLiteral("x")}});
+        networks.append(ScanMap{{ScanKey::Ssid, heard(nic)}});
         return queryResult(nic, ++m_queries);
     }
     bool getConnectedNetworkMap(QString &, ScanMap &) override { return note("connected"); }
@@ -57,6 +60,8 @@ private:
     int m_queries = 0;
 };
 
+void ignore(Call) {}
+
 QStringList words(const char *text)
 {
     return QString::fromLatin1(text).split(QLatin1Char(' '));
@@ -70,7 +75,10 @@ class TestProber : public QObject
 
 private slots:
     void laterRoundsAskExactlyAsAirlumeDoes();
-    void firstRoundAsksForTheNetworksTwice();
+    void firstRoundAsksTwice();
+    void everyCallIsAnnouncedAndItsEndToo();
+    void interfaceThatIsReadIsFoundByName_data();
+    void interfaceThatIsReadIsFoundByName();
     void everyCallGetsEmptyLists();
     void textLeftByTheBackendIsHandedBack();
     void withoutInterfaceNoNetworksAreAskedFor();
@@ -85,7 +93,7 @@ void TestProber::laterRoundsAskExactlyAsAirlumeDoes()
 {
     NotingBackend backend;
     backend.interfaces = words("wlan0 wlan1");
-    Prober prober(backend);
+    Prober prober(backend, ignore);
     prober.ask();
     backend.calls.clear();
     const Answers answers = prober.ask();
@@ -96,21 +104,61 @@ void TestProber::laterRoundsAskExactlyAsAirlumeDoes()
     QCOMPARE(answers.networks.size(), 1);
 }
 
-void TestProber::firstRoundAsksForTheNetworksTwice()
+void TestProber::firstRoundAsksTwice()
 {
     NotingBackend backend;
-    Prober prober(backend);
+    Prober prober(backend, ignore);
     const Answers answers = prober.ask();
-    QCOMPARE(backend.calls, words("list:0 usable:wlan0:0 query::0 query::0"));
+    QCOMPARE(backend.calls, words("list:0 usable:wlan0:0 query::0 query::0 list:0"));
     QVERIFY(answers.networksAgain);
     QCOMPARE(answers.networksAgain->size(), 1);
     QVERIFY(!prober.ask().networksAgain);
 }
 
+void TestProber::everyCallIsAnnouncedAndItsEndToo()
+{
+    NotingBackend backend;
+    QVector<Call> announced;
+    Prober prober(backend, [&](Call call) {
+        announced.append(call);
+        backend.calls.append(QStringLiteral("announced"));
+    });
+    prober.ask();
+    QCOMPARE(announced.size(), 10);
+    for (int i = 0; i < announced.size(); ++i)
+        QCOMPARE(announced.at(i) == Call::None, i % 2 == 1);
+    QCOMPARE(announced.at(0), Call::GetWiFiNicList);
+    QCOMPARE(announced.at(2), Call::IsWiFiNicUsable);
+    QCOMPARE(announced.at(4), Call::GetVisiableNetworkMapList);
+    QCOMPARE(backend.calls.mid(0, 3), words("announced list:0 announced"));
+}
+
+void TestProber::interfaceThatIsReadIsFoundByName_data()
+{
+    QTest::addColumn<QString>("read");
+    QTest::addColumn<QVector<bool>>("alike");
+    QTest::newRow("the first") << QStringLiteral("a") << QVector<bool>{true, false};
+    QTest::newRow("the second") << QStringLiteral("b") << QVector<bool>{false, true};
+    QTest::newRow("another") << QStringLiteral("c") << QVector<bool>{false, false};
+}
+
+void TestProber::interfaceThatIsReadIsFoundByName()
+{
+    QFETCH(QString, read);
+    NotingBackend backend;
+    backend.interfaces = words("a b");
+    backend.heard = [&read](const QString &nic) { return nic.isEmpty() ? read : nic; };
+    Prober prober(backend, ignore);
+    QTEST(prober.ask().alike, "alike");
+    QTEST(prober.ask().alike, "alike");
+    backend.interfaces = words("b a");
+    QCOMPARE(prober.ask().alike, QVector<bool>());
+}
+
 void TestProber::everyCallGetsEmptyLists()
 {
     NotingBackend backend;
-    Prober prober(backend);
+    Prober prober(backend, ignore);
     for (int i = 0; i < 3; ++i)
         prober.ask();
     for (const QString &call : qAsConst(backend.calls)) {
@@ -126,7 +174,7 @@ void TestProber::textLeftByTheBackendIsHandedBack()
         nic = QString::number(number);
         return true;
     };
-    Prober prober(backend);
+    Prober prober(backend, ignore);
     prober.ask();
     prober.ask();
     QCOMPARE(backend.calls.filter(QStringLiteral("query")), words("query::0 query:1:0 query:2:0"));
@@ -136,7 +184,9 @@ void TestProber::withoutInterfaceNoNetworksAreAskedFor()
 {
     NotingBackend backend;
     backend.interfaces.clear();
-    Prober prober(backend);
+    Prober prober(backend, ignore);
+    prober.ask();
+    backend.calls.clear();
     const Answers answers = prober.ask();
     QCOMPARE(backend.calls, words("list:0"));
     QVERIFY(!answers.queried);
@@ -148,7 +198,7 @@ void TestProber::interfacesOfAFailedListingCount()
 {
     NotingBackend backend;
     backend.listed = false;
-    Prober prober(backend);
+    Prober prober(backend, ignore);
     QVERIFY(prober.ask().queried == true);
 }
 
@@ -156,7 +206,7 @@ void TestProber::backendThatNeedsANameIsFound()
 {
     NotingBackend backend;
     backend.queryResult = [](QString &nic, int) { return nic == QLatin1String("wlan0"); };
-    Prober prober(backend);
+    Prober prober(backend, ignore);
     const Answers answers = prober.ask();
     QVERIFY(answers.queried == false);
     QVERIFY(answers.needsName);
@@ -167,7 +217,7 @@ void TestProber::backendThatFailsByTurnsNeedsNoName()
 {
     NotingBackend backend;
     backend.queryResult = [](QString &, int number) { return number % 2 == 0; };
-    Prober prober(backend);
+    Prober prober(backend, ignore);
     QVERIFY(!prober.ask().needsName);
     QVERIFY(prober.ask().queried == false);
     QVERIFY(prober.ask().queried == true);
@@ -177,10 +227,10 @@ void TestProber::slowCallIsForgivenWhenItsRepeatIsFast()
 {
     NotingBackend backend;
     backend.slowCalls = 1;
-    Prober prober(backend);
+    Prober prober(backend, ignore);
     const Answers answers = prober.ask();
     QVERIFY(answers.listTime < 50);
-    QCOMPARE(backend.calls.filter(QStringLiteral("list")).size(), 2);
+    QCOMPARE(backend.calls.filter(QStringLiteral("list")).size(), 3);
     QCOMPARE(answers.interfaces.size(), 1);
 }
 
@@ -188,7 +238,7 @@ void TestProber::callThatIsAlwaysSlowIsNotForgiven()
 {
     NotingBackend backend;
     backend.slowCalls = 100;
-    Prober prober(backend);
+    Prober prober(backend, ignore);
     const Answers answers = prober.ask();
     QVERIFY(answers.listTime > 50);
     QVERIFY(answers.usableTime > 50);

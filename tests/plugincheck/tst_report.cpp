@@ -12,13 +12,13 @@ namespace
 ScanMap network(int number)
 {
     return {
-        {QStringLiteral("ssid"), QStringLiteral("Net %1").arg(number)},
-        {QStringLiteral("bssid"),
+        {ScanKey::Ssid, QStringLiteral("Net %1").arg(number)},
+        {ScanKey::Bssid,
             QStringLiteral("02:00:00:00:00:%1").arg(number % 256, 2, 16, QLatin1Char('0'))},
-        {QStringLiteral("channel"), QString::number(number % 165)},
-        {QStringLiteral("current_connected"), QStringLiteral("0")},
-        {QStringLiteral("security_mode"), QStringLiteral("WPA2-PSK")},
-        {QStringLiteral("WLAN_NETWORK_SIGNAL"), QString::number(-(number % 100))},
+        {ScanKey::Channel, QString::number(number % 165)},
+        {ScanKey::Connected, QStringLiteral("0")},
+        {ScanKey::Security, QStringLiteral("WPA2-PSK")},
+        {ScanKey::Signal, QString::number(-(number % 100))},
     };
 }
 
@@ -64,6 +64,9 @@ private slots:
     void columnsStandUnderTheirTitles();
     void hostileCellsDoNotBreakTheTable();
     void chosenInterfaceIsMarked();
+    void interfaceThatIsReadIsMarkedAgainstTheRule();
+    void channelsAt6GHzAreSaidToBeThere();
+    void odditiesStandApartFromBreaches();
     void longListsAreCutInTextOnly();
     void manyMessagesAreCutInTextOnly();
     void commandsAreNeverBrokenBetweenLines();
@@ -75,8 +78,8 @@ private slots:
 void TestReport::columnsStandUnderTheirTitles()
 {
     ScanMap joined = network(5);
-    joined.insert(QStringLiteral("current_connected"), QStringLiteral("1"));
-    joined.insert(QStringLiteral("link_rate"), QStringLiteral("1201"));
+    joined.insert(ScanKey::Connected, QStringLiteral("1"));
+    joined.insert(ScanKey::LinkRate, QStringLiteral("1201"));
     const QStringList lines = linesOf(answeredReport(backend(), heard({network(1), joined}), {}));
     const int title = lines.indexOf(QStringLiteral("Networks")) + 1;
     QVERIFY(title > 0);
@@ -91,16 +94,17 @@ void TestReport::columnsStandUnderTheirTitles()
 void TestReport::hostileCellsDoNotBreakTheTable()
 {
     ScanMap hostile;
-    for (const char *key : {"ssid", "bssid", "channel", "current_connected", "security_mode",
-             "WLAN_NETWORK_SIGNAL", "link_rate"})
-        hostile.insert(QLatin1String(key),
-            QStringLiteral("\x1b[2J\n") + QChar(0x202e) + QString(5000, QLatin1Char('w')));
+    for (const QString &key : {ScanKey::Ssid, ScanKey::Bssid, ScanKey::Channel, ScanKey::Connected,
+             ScanKey::Security, ScanKey::Signal, ScanKey::LinkRate})
+        hostile.insert(
+            key, QStringLiteral("\x1b[2J\n") + QChar(0x202e) + QString(5000, QLatin1Char('w')));
     Answers answers = heard({network(1), hostile});
     answers.interfaces = QStringList{QStringLiteral("\x1b[2J"), QString()};
-    const QVector<Message> messages{{QStringLiteral("critical"), QStringLiteral("\x1b[2J\n")}};
+    const Heard said{{{QStringLiteral("critical"), QStringLiteral("\x1b[2J\n")}},
+        QByteArray("\x1b[2J\n\xff\xfe"), QByteArray("\x07")};
     Backend named = backend();
     named.path = named.className = named.interfaceId = QStringLiteral("\x1b[2J\n");
-    const QString text = textReport(answeredReport(named, answers, messages));
+    const QString text = textReport(answeredReport(named, answers, said));
     for (const QString &line : text.split(QLatin1Char('\n'))) {
         QVERIFY(line.size() < 600);
         for (const QChar character : line)
@@ -121,6 +125,39 @@ void TestReport::chosenInterfaceIsMarked()
     QVERIFY(lines.contains(QStringLiteral("  > wlan1  usable  (Airlume uses this one)")));
 }
 
+void TestReport::interfaceThatIsReadIsMarkedAgainstTheRule()
+{
+    Answers answers = heard({network(1)});
+    answers.alike = {true, false};
+    const Report report = answeredReport(backend(), answers, {});
+    QVERIFY(linesOf(report).contains(QStringLiteral("  > wlan0  usable  (Airlume uses this one)")));
+    const QJsonArray interfaces = json(report).value(QStringLiteral("interfaces")).toArray();
+    QVERIFY(interfaces.at(0).toObject().value(QStringLiteral("chosen")).toBool());
+    QVERIFY(!interfaces.at(1).toObject().value(QStringLiteral("chosen")).toBool());
+}
+
+void TestReport::channelsAt6GHzAreSaidToBeThere()
+{
+    ScanMap sixth = network(1);
+    sixth.insert(ScanKey::Channel, QStringLiteral("6005"));
+    const QString text = textReport(answeredReport(backend(), heard({sixth, network(2)}), {}));
+    QVERIFY2(text.contains(QStringLiteral("  1          -1  5 (6 GHz)  ")), qPrintable(text));
+    QVERIFY2(text.contains(QStringLiteral("  2          -2          2  ")), qPrintable(text));
+}
+
+void TestReport::odditiesStandApartFromBreaches()
+{
+    ScanMap wrong = network(1);
+    wrong.insert(ScanKey::Bssid, QStringLiteral("upstairs"));
+    wrong.insert(ScanKey::Channel, QStringLiteral("x"));
+    const QString text = textReport(answeredReport(backend(), heard({wrong}), {}));
+    const int oddities = text.indexOf(QStringLiteral("\nOdd, but no fault\n"));
+    const int breaches = text.indexOf(QStringLiteral("\nBreaks of the contract\n"));
+    QVERIFY(oddities > 0 && breaches > oddities);
+    QVERIFY(text.indexOf(QStringLiteral("\"bssid\" should be")) < breaches);
+    QVERIFY(text.indexOf(QStringLiteral("\"channel\" must be")) > breaches);
+}
+
 void TestReport::longListsAreCutInTextOnly()
 {
     QList<ScanMap> networks;
@@ -136,7 +173,7 @@ void TestReport::longListsAreCutInTextOnly()
 void TestReport::manyMessagesAreCutInTextOnly()
 {
     const QVector<Message> messages(50, {QStringLiteral("warning"), QStringLiteral("again")});
-    const Report report = answeredReport(backend(), heard({}), messages);
+    const Report report = answeredReport(backend(), heard({}), {messages, {}, {}});
     QCOMPARE(textReport(report).count(QStringLiteral("  warning: again\n")), 20);
     QVERIFY(textReport(report).contains(QStringLiteral("  and 30 more; --json lists all\n")));
     QCOMPARE(json(report).value(QStringLiteral("messages")).toArray().size(), 50);
@@ -164,11 +201,11 @@ void TestReport::jsonHoldsEverythingAsItCame()
     ScanMap odd = network(3);
     const QString name = QStringLiteral("\x1b[2J\"\\\n") + QChar(0x202e) + QChar(0) +
                          QString::fromUtf8("\xf0\x9f\x93\xb6") + QString(5000, QLatin1Char('w'));
-    odd.insert(QStringLiteral("ssid"), name);
-    odd.insert(QStringLiteral("channel"), QStringLiteral("x"));
+    odd.insert(ScanKey::Ssid, name);
+    odd.insert(ScanKey::Channel, QStringLiteral("x"));
     odd.insert(QStringLiteral("vendor"), QStringLiteral("y"));
-    const QJsonObject object = json(answeredReport(
-        backend(), heard({odd}), {{QStringLiteral("info"), QStringLiteral("said")}}));
+    const QJsonObject object = json(answeredReport(backend(), heard({odd}),
+        {{{QStringLiteral("info"), QStringLiteral("said")}}, "out", "err"}));
 
     QCOMPARE(object.value(QStringLiteral("format")).toInt(), 1);
     QCOMPARE(object.value(QStringLiteral("result")).toString(), QStringLiteral("out-of-contract"));
@@ -187,6 +224,9 @@ void TestReport::jsonHoldsEverythingAsItCame()
     const QJsonObject deviation =
         object.value(QStringLiteral("deviations")).toArray().at(0).toObject();
     QCOMPARE(deviation.value(QStringLiteral("code")).toString(), QStringLiteral("bad-channel"));
+    QCOMPARE(deviation.value(QStringLiteral("kind")).toString(), QStringLiteral("broken"));
+    QCOMPARE(object.value(QStringLiteral("stdout")).toString(), QStringLiteral("out"));
+    QCOMPARE(object.value(QStringLiteral("stderr")).toString(), QStringLiteral("err"));
     QCOMPARE(deviation.value(QStringLiteral("count")).toInt(), 1);
     QCOMPARE(object.value(QStringLiteral("times"))
                  .toObject()
@@ -223,7 +263,7 @@ void TestReport::jsonIsOneLineOfAscii()
     for (uint character = 0; character < 0x10000; ++character)
         everything += QChar(character);
     ScanMap odd = network(1);
-    odd.insert(QStringLiteral("ssid"), everything);
+    odd.insert(ScanKey::Ssid, everything);
     const QByteArray line = jsonReport(answeredReport(backend(), heard({odd}), {}));
     for (const char octet : line)
         QVERIFY(octet >= 0x20 && octet < 0x7f);

@@ -1,8 +1,11 @@
 #include "plugincheck/verdict.h"
 
+#include <QStandardPaths>
 #include <QtTest>
 
 using namespace PluginCheck;
+
+Q_DECLARE_METATYPE(PluginCheck::Answers)
 
 namespace
 {
@@ -15,8 +18,10 @@ Answers answers(const QVector<bool> &usable, std::optional<bool> queried, int ne
     for (int i = 0; i < usable.size(); ++i)
         answers.interfaces.append(QStringLiteral("wlan%1").arg(i));
     answers.queried = queried;
-    for (int i = 0; i < networks; ++i)
-        answers.networks.append(ScanMap());
+    for (int i = 0; i < networks; ++i) {
+        answers.networks.append(
+            ScanMap{{ScanKey::Connected, i == 0 ? ScanJoined : QStringLiteral("0")}});
+    }
     return answers;
 }
 
@@ -29,7 +34,12 @@ class TestVerdict : public QObject
 private slots:
     void reasonNamesWhatIsMissing_data();
     void reasonNamesWhatIsMissing();
-    void deviationGoesBeforeEverything();
+    void breachGoesBeforeEverything();
+    void oddityIsSaidAndNoFault();
+    void mistakeInAScenarioIsSaidToBeOne();
+    void backendsOwnAdviceGoesFirst();
+    void scanMayOnlyHelpWhereNothingIsWrong();
+    void onlyCommandsThatAreInstalledAreAdvised();
     void networksAreCounted();
     void failedListingIsToldFromAnEmptyOne();
     void statusOfARunIsThatOfItsRounds_data();
@@ -44,9 +54,11 @@ void TestVerdict::reasonNamesWhatIsMissing_data()
     QTest::addColumn<bool>("radioStatus");
     const int heard = 0;
     const int nothing = 1;
-    QTest::newRow("heard") << answers({true}, true, 1) << heard << QString() << false;
+    QTest::newRow("heard") << answers({true}, true, 2) << heard << QString() << false;
     QTest::newRow("heard although not usable")
-        << answers({false}, true, 1) << heard << QString() << false;
+        << answers({false}, true, 2) << heard << QString() << false;
+    QTest::newRow("own network only")
+        << answers({true}, true, 1) << nothing << QStringLiteral("own-network-only") << false;
     QTest::newRow("no interface") << answers({}, std::nullopt, 0) << nothing
                                   << QStringLiteral("no-interface") << true;
     QTest::newRow("none usable, query failed")
@@ -64,7 +76,7 @@ void TestVerdict::reasonNamesWhatIsMissing_data()
 void TestVerdict::reasonNamesWhatIsMissing()
 {
     QFETCH(Answers, given);
-    const Verdict verdict = judge(given, {});
+    const Verdict verdict = judge(given, {}, {});
     QTEST(static_cast<int>(verdict.outcome), "outcome");
     QTEST(verdict.reason, "reason");
     QTEST(verdict.text.contains(QStringLiteral("Please make sure turn on the wireless radio.")),
@@ -72,30 +84,103 @@ void TestVerdict::reasonNamesWhatIsMissing()
     QCOMPARE(verdict.advice.isEmpty(), verdict.outcome == Outcome::Heard);
 }
 
-void TestVerdict::deviationGoesBeforeEverything()
+void TestVerdict::breachGoesBeforeEverything()
 {
     Deviations deviations;
-    deviations.add(QStringLiteral("x"), QStringLiteral("rule"), QStringLiteral("example"));
-    for (const int networks : {0, 1}) {
-        const Verdict verdict = judge(answers({true}, true, networks), deviations);
+    deviations.add(
+        Weight::Broken, QStringLiteral("x"), QStringLiteral("rule"), QStringLiteral("example"));
+    for (const int networks : {0, 1, 2}) {
+        const Verdict verdict = judge(answers({true}, true, networks), deviations, {});
         QCOMPARE(verdict.outcome, Outcome::Broken);
         QVERIFY(!verdict.advice.isEmpty());
     }
 }
 
+void TestVerdict::oddityIsSaidAndNoFault()
+{
+    Deviations deviations;
+    deviations.add(
+        Weight::Odd, QStringLiteral("x"), QStringLiteral("rule"), QStringLiteral("example"));
+    const Verdict verdict = judge(answers({true}, true, 3), deviations, {});
+    QCOMPARE(verdict.outcome, Outcome::Heard);
+    QVERIFY(verdict.text.contains(QStringLiteral("odd")));
+    QVERIFY(!judge(answers({true}, true, 3), {}, {}).text.contains(QStringLiteral("odd")));
+}
+
+void TestVerdict::mistakeInAScenarioIsSaidToBeOne()
+{
+    const QVector<Message> messages{{QStringLiteral("critical"),
+        QStringLiteral("Scenario file hall.json, line 3, field seed: must be a number.")}};
+    const Verdict verdict = judge(answers({}, std::nullopt, 0), {}, messages);
+    QCOMPARE(verdict.outcome, Outcome::NothingHeard);
+    QCOMPARE(verdict.reason, QStringLiteral("scenario-mistake"));
+    QVERIFY(verdict.text.contains(messages.first().text));
+    QVERIFY(!verdict.advice.join(QString()).contains(QStringLiteral("adapter")));
+}
+
+void TestVerdict::backendsOwnAdviceGoesFirst()
+{
+    const QVector<Message> messages{
+        {QStringLiteral("critical"), QStringLiteral("Press the switch.")}};
+    for (const QVector<bool> &usable : {QVector<bool>{}, QVector<bool>{false}}) {
+        const Answers given =
+            answers(usable, usable.isEmpty() ? std::nullopt : std::optional<bool>(false), 0);
+        QVERIFY(judge(given, {}, messages).advice.first().contains(QStringLiteral("messages")));
+        QVERIFY(!judge(given, {}, {}).advice.first().contains(QStringLiteral("messages")));
+    }
+}
+
+void TestVerdict::scanMayOnlyHelpWhereNothingIsWrong()
+{
+    QVERIFY(mayImprove(judge(answers({true}, true, 0), {}, {})));
+    QVERIFY(mayImprove(judge(answers({true}, true, 1), {}, {})));
+    QVERIFY(!mayImprove(judge(answers({true}, true, 2), {}, {})));
+    QVERIFY(!mayImprove(judge(answers({false}, false, 0), {}, {})));
+    QVERIFY(!mayImprove(judge(answers({}, std::nullopt, 0), {}, {})));
+}
+
+/// Every command that is advised stands in the path here, or is a file.
+void TestVerdict::onlyCommandsThatAreInstalledAreAdvised()
+{
+    const QByteArray path = qgetenv("PATH");
+    const QList<Answers> all{answers({}, std::nullopt, 0), answers({false}, false, 0),
+        answers({true}, false, 0), answers({true}, true, 0), answers({true}, true, 1)};
+    for (const QByteArray &where : {path, QByteArray("/nowhere")}) {
+        qputenv("PATH", where);
+        for (const Answers &given : all) {
+            const QStringList parts =
+                judge(given, {}, {}).advice.join(QLatin1Char('\n')).split(QLatin1Char('`'));
+            for (int i = 1; i < parts.size(); i += 2) {
+                QStringList words = parts.at(i).split(QLatin1Char(' '));
+                if (words.first() == QLatin1String("sudo") ||
+                    words.first().startsWith(QLatin1String("QT_PLUGIN_PATH=")))
+                    words.removeFirst();
+                const bool there = !QStandardPaths::findExecutable(words.first()).isEmpty() ||
+                                   !QStandardPaths::findExecutable(words.first(),
+                                       {QStringLiteral("/usr/sbin"), QStringLiteral("/sbin")})
+                                        .isEmpty();
+                QVERIFY2(there, qPrintable(parts.at(i)));
+            }
+        }
+    }
+    qputenv("PATH", path);
+}
+
 void TestVerdict::networksAreCounted()
 {
-    QVERIFY(judge(answers({true}, true, 1), {}).text.endsWith(QStringLiteral("1 network.")));
-    QVERIFY(judge(answers({true}, true, 24), {}).text.endsWith(QStringLiteral("24 networks.")));
+    Answers one = answers({true}, true, 1);
+    one.networks.first().insert(ScanKey::Connected, QStringLiteral("0"));
+    QVERIFY(judge(one, {}, {}).text.endsWith(QStringLiteral("1 network.")));
+    QVERIFY(judge(answers({true}, true, 24), {}, {}).text.endsWith(QStringLiteral("24 networks.")));
 }
 
 void TestVerdict::failedListingIsToldFromAnEmptyOne()
 {
     Answers failed = answers({}, std::nullopt, 0);
-    const QString empty = judge(failed, {}).text;
+    const QString empty = judge(failed, {}, {}).text;
     failed.listed = false;
-    QVERIFY(judge(failed, {}).text != empty);
-    QCOMPARE(judge(failed, {}).reason, QStringLiteral("no-interface"));
+    QVERIFY(judge(failed, {}, {}).text != empty);
+    QCOMPARE(judge(failed, {}, {}).reason, QStringLiteral("no-interface"));
 }
 
 void TestVerdict::statusOfARunIsThatOfItsRounds_data()
@@ -120,6 +205,6 @@ void TestVerdict::statusOfARunIsThatOfItsRounds()
         "both");
 }
 
-QTEST_APPLESS_MAIN(TestVerdict)
+QTEST_GUILESS_MAIN(TestVerdict)
 
 #include "tst_verdict.moc"

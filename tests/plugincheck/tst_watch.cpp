@@ -1,7 +1,8 @@
 #include "plugincheck/checkerrun.h"
 
-#include <QElapsedTimer>
+#include <QFile>
 #include <QJsonArray>
+#include <QTemporaryDir>
 #include <QtTest>
 
 #include <csignal>
@@ -21,79 +22,23 @@ QString textAt(const QJsonObject &report, const char *key)
 
 } // namespace
 
-/// airlume-plugincheck over time: rounds, signals, back ends that hang or crash.
+/// airlume-plugincheck over time: rounds and signals.
 class TestWatch : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void hangingBackendIsGivenUp();
-    void crashIsReportedWithItsPlace_data();
-    void crashIsReportedWithItsPlace();
-    void fatalMessageIsPassedOnSafely();
     void watchingPrintsOneObjectALine();
     void watchingInTextNumbersTheRounds();
     void failingByTurnsStillCountsAsHeard();
     void changingInterfacesAreFollowed();
+    void singleLookWaitsForTheFirstScan();
+    void waitingForAScanHasAnEnd();
     void signalEndsTheWatch_data();
     void signalEndsTheWatch();
-    void signalEndsAHangingCall();
+    void signalEndsAHangingCallAndWhatItStarted();
+    void backendDoesNotOutliveAKilledChecker();
 };
-
-void TestWatch::hangingBackendIsGivenUp()
-{
-    QElapsedTimer timer;
-    timer.start();
-    CheckerRun run({QStringLiteral("--json"), QStringLiteral("--timeout"), QStringLiteral("0.3"),
-                       CheckerRun::library("blocking")},
-        {QStringLiteral("AIRLUME_TEST_BLOCK_SECONDS=300")});
-    QVERIFY(run.finish());
-    QVERIFY(timer.elapsed() < 50000);
-    QCOMPARE(run.status(), 2);
-    QCOMPARE(run.reports().size(), 1);
-    const QJsonObject report = run.reports().first();
-    QCOMPARE(textAt(report, "reason"), QStringLiteral("no-answer"));
-    QVERIFY(
-        textAt(report, "text")
-            .startsWith(QStringLiteral("getVisiableNetworkMapList() has not answered for 0.3 s")));
-}
-
-void TestWatch::crashIsReportedWithItsPlace_data()
-{
-    QTest::addColumn<QString>("where");
-    QTest::addColumn<QString>("words");
-    QTest::newRow("load") << QStringLiteral("load") << QStringLiteral("while it was being loaded");
-    QTest::newRow("list") << QStringLiteral("list") << QStringLiteral("in getWiFiNicList()");
-    QTest::newRow("usable") << QStringLiteral("usable") << QStringLiteral("in isWiFiNicUsable()");
-    QTest::newRow("query") << QStringLiteral("query")
-                           << QStringLiteral("in getVisiableNetworkMapList()");
-}
-
-void TestWatch::crashIsReportedWithItsPlace()
-{
-    QFETCH(QString, where);
-    QFETCH(QString, words);
-    const QStringList environment(QStringLiteral("AIRLUME_TEST_CRASH=") + where);
-    CheckerRun text({CheckerRun::library("crashing")}, environment);
-    QVERIFY(text.finish());
-    QCOMPARE(text.status(), 2);
-    QVERIFY2(text.text().simplified().contains(QStringLiteral("The back end crashed ") + words),
-        text.output().constData());
-    CheckerRun json({QStringLiteral("--json"), CheckerRun::library("crashing")}, environment);
-    QVERIFY(json.finish());
-    QCOMPARE(json.status(), 2);
-    QCOMPARE(json.reports().size(), 1);
-    QCOMPARE(textAt(json.reports().first(), "reason"), QStringLiteral("crashed"));
-}
-
-void TestWatch::fatalMessageIsPassedOnSafely()
-{
-    CheckerRun run(
-        {CheckerRun::library("crashing")}, {QStringLiteral("AIRLUME_TEST_CRASH=fatalquery")});
-    QVERIFY(run.finish());
-    QCOMPARE(run.status(), 2);
-    QCOMPARE(run.errors(), QByteArray("The back end gave up: The radio \\x1b[31mexploded\n"));
-}
 
 void TestWatch::watchingPrintsOneObjectALine()
 {
@@ -138,9 +83,10 @@ void TestWatch::changingInterfacesAreFollowed()
     CheckerRun run({QStringLiteral("--json"), QStringLiteral("--rounds"), QStringLiteral("4"),
                        QStringLiteral("--interval"), QStringLiteral("0.01"),
                        CheckerRun::library("changinglist")},
-        {QStringLiteral("AIRLUME_TEST_INTERFACES=a|b,a||c")});
+        // The second list is the first round's own.
+        {QStringLiteral("AIRLUME_TEST_INTERFACES=a|a|b,a||c")});
     QVERIFY(run.finish());
-    QCOMPARE(run.status(), 0);
+    QCOMPARE(run.status(), 2);
     QStringList chosen;
     for (const QJsonObject &report : run.reports()) {
         QString name;
@@ -153,6 +99,36 @@ void TestWatch::changingInterfacesAreFollowed()
     }
     QCOMPARE(chosen,
         (QStringList{QStringLiteral("a"), QStringLiteral("a"), QString(), QStringLiteral("c")}));
+    // It goes on after its interfaces came back as if nothing had been.
+    const QJsonArray deviations =
+        run.reports().last().value(QStringLiteral("deviations")).toArray();
+    QCOMPARE(deviations.size(), 1);
+    QCOMPARE(
+        textAt(deviations.first().toObject(), "code"), QStringLiteral("no-failure-after-return"));
+}
+
+void TestWatch::singleLookWaitsForTheFirstScan()
+{
+    CheckerRun run({QStringLiteral("--json"), CheckerRun::library("faulty")},
+        {QStringLiteral("AIRLUME_TEST_FAULT=late")});
+    QVERIFY(run.finish());
+    QCOMPARE(run.status(), 0);
+    QCOMPARE(run.reports().size(), 1);
+    QCOMPARE(networksOf(run.reports().first()).size(), 3);
+    QCOMPARE(run.errors(), QByteArray());
+}
+
+void TestWatch::waitingForAScanHasAnEnd()
+{
+    for (const char *fault : {"own", "nothing"}) {
+        CheckerRun run({QStringLiteral("--json"), QStringLiteral("--wait"), QStringLiteral("0.2"),
+                           CheckerRun::library(*fault == 'o' ? "faulty" : "nonetworks")},
+            {QStringLiteral("AIRLUME_TEST_FAULT=") + QLatin1String(fault)});
+        QVERIFY(run.finish());
+        QCOMPARE(run.status(), 1);
+        QCOMPARE(textAt(run.reports().value(0), "reason"),
+            *fault == 'o' ? QStringLiteral("own-network-only") : QStringLiteral("empty-list"));
+    }
 }
 
 void TestWatch::signalEndsTheWatch_data()
@@ -182,21 +158,44 @@ void TestWatch::signalEndsTheWatch()
     QVERIFY(!run.reports().first().isEmpty());
 }
 
-void TestWatch::signalEndsAHangingCall()
+void TestWatch::signalEndsAHangingCallAndWhatItStarted()
 {
-    CheckerRun run(
-        {QStringLiteral("--json"), QStringLiteral("--watch"), QStringLiteral("--timeout"),
-            QStringLiteral("600"), QStringLiteral("--interval"), QStringLiteral("0"),
-            CheckerRun::library("blocking")},
-        {QStringLiteral("AIRLUME_TEST_BLOCK_SECONDS=300"),
-            QStringLiteral("AIRLUME_TEST_BLOCK_AFTER=2")});
-    QVERIFY(run.waitForErrors("Blocking now"));
+    QTemporaryDir folder;
+    const QString note = folder.filePath(QStringLiteral("note"));
+    CheckerRun run({QStringLiteral("--json"), QStringLiteral("--timeout"), QStringLiteral("600"),
+                       CheckerRun::library("faulty")},
+        {QStringLiteral("AIRLUME_TEST_FAULT=ignoresignals"),
+            QStringLiteral("AIRLUME_TEST_NOTE=") + note});
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(note), 60000);
+    QFile file(note);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const pid_t child = file.readAll().toInt();
+    QVERIFY(child > 0);
+    QCOMPARE(::kill(child, 0), 0);
     QCOMPARE(::kill(static_cast<pid_t>(run.process().processId()), SIGINT), 0);
     QVERIFY(run.finish());
-    QCOMPARE(run.status(), 0);
-    QCOMPARE(run.reports().size(), 1);
-    QCOMPARE(textAt(run.reports().first(), "result"), QStringLiteral("heard"));
-    QVERIFY(run.errors().contains("Interrupted"));
+    QCOMPARE(run.status(), 1);
+    QCOMPARE(run.output(), QByteArray());
+    QTRY_VERIFY_WITH_TIMEOUT(::kill(child, 0) != 0, 60000);
+}
+
+void TestWatch::backendDoesNotOutliveAKilledChecker()
+{
+#ifdef Q_OS_LINUX
+    QTemporaryDir folder;
+    const QString note = folder.filePath(QStringLiteral("note"));
+    CheckerRun run(
+        {QStringLiteral("--timeout"), QStringLiteral("600"), CheckerRun::library("faulty")},
+        {QStringLiteral("AIRLUME_TEST_FAULT=ignoresignals"),
+            QStringLiteral("AIRLUME_TEST_NOTE=") + note});
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(note), 60000);
+    QFile file(note);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const pid_t child = file.readAll().toInt();
+    run.process().kill();
+    QVERIFY(run.finish());
+    QTRY_VERIFY_WITH_TIMEOUT(::kill(child, 0) != 0, 60000);
+#endif
 }
 
 QTEST_GUILESS_MAIN(TestWatch)

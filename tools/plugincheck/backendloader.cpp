@@ -1,11 +1,13 @@
 #include "backendloader.h"
 
 #include "contract.h"
+#include "scan/wifiapiinterface.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QJsonObject>
 #include <QLibraryInfo>
 #include <QPluginLoader>
 #include <QVersionNumber>
@@ -29,7 +31,7 @@ Problem notFound(const QString &path)
     return {QStringLiteral("not-found"), QStringLiteral("There is no file ") + quoted(path, 500),
         {QStringLiteral("Give the path of the library or of the folder that holds it. Its name is "
                         "usually ") +
-            backendFileName()}};
+            WiFiApiLibrary}};
 }
 
 Problem nowhereFound()
@@ -38,7 +40,7 @@ Problem nowhereFound()
     for (const QString &folder : QCoreApplication::libraryPaths())
         folders.append(QDir::toNativeSeparators(folder));
     return {QStringLiteral("not-found"),
-        QStringLiteral("Airlume finds no back end: there is no ") + backendFileName() +
+        QStringLiteral("Airlume finds no back end: there is no ") + WiFiApiLibrary +
             QStringLiteral(" in ") + folders.join(QStringLiteral(", ")) +
             QStringLiteral(". It starts all the same, but its list stays empty."),
         {QStringLiteral(
@@ -98,27 +100,23 @@ int runningQt()
 QString resolved(const QString &path)
 {
     if (path.isEmpty()) {
-        const QString found = QPluginLoader(backendFileName()).fileName();
+        const QString found = QPluginLoader(WiFiApiLibrary).fileName();
         return found.isEmpty() ? found : QFileInfo(found).absoluteFilePath();
     }
     const QFileInfo given(path);
     if (given.isDir())
-        return QDir(given.absoluteFilePath()).filePath(backendFileName());
+        return QDir(given.absoluteFilePath()).filePath(WiFiApiLibrary);
     return given.absoluteFilePath();
 }
 
 Backend broken(Backend backend, const Problem &problem)
 {
     backend.problem = problem;
+    backend.isWhole = true;
     return backend;
 }
 
 } // namespace
-
-QString backendFileName()
-{
-    return QStringLiteral("libWiFiApiPlugin.dylib");
-}
 
 QString versionText(int version)
 {
@@ -139,7 +137,7 @@ Problem incompatibleQt(int version, int running)
                         "came with it.")}};
 }
 
-Backend loadBackend(const QString &path)
+Backend loadBackend(const QString &path, const std::function<void(const Backend &)> &report)
 {
     Backend backend;
     const QString file = resolved(path);
@@ -162,6 +160,8 @@ Backend loadBackend(const QString &path)
     backend.className = metaData.value(QStringLiteral("className")).toString();
     const int version = metaData.value(QStringLiteral("version")).toInt();
     backend.qtVersion = versionText(version);
+    if (report)
+        report(backend);
 
     if (!loader.load()) {
         const Problem incompatible = incompatibleQt(version, runningQt());
@@ -181,11 +181,12 @@ Backend loadBackend(const QString &path)
     if (!backend.api)
         return broken(backend, wrongInterface(backend.interfaceId));
     if (backend.interfaceId != interfaceId()) {
-        backend.deviations.add(QStringLiteral("wrong-interface-id"),
+        backend.deviations.add(Weight::Broken, QStringLiteral("wrong-interface-id"),
             QStringLiteral("The plug-in's metadata must name the interface ") +
                 quoted(interfaceId()),
             QStringLiteral("they name ") + quoted(backend.interfaceId, 120));
     }
+    backend.isWhole = true;
     return backend;
 }
 

@@ -3,7 +3,7 @@
 
 #include "deviations.h"
 
-#include <QJsonObject>
+#include <functional>
 
 class WiFiApiInterface;
 
@@ -22,19 +22,17 @@ struct Backend {
     QString path; ///< Absolute; empty when no file was found.
     QString interfaceId;
     QString className;
-    QString qtVersion;               ///< The Qt it was built with, "5.15"; empty when unknown.
+    QString qtVersion;    ///< The Qt it was built with, "5.15"; empty when unknown.
+    bool isWhole = false; ///< All that can be known is known: it was loaded, or has a problem.
     WiFiApiInterface *api = nullptr; ///< Null with a problem. Lives as long as the process.
     Deviations deviations;
     Problem problem;
 };
 
-/// The file name under which Airlume looks for its back end, on every platform.
-QString backendFileName();
-
-/// Loads the back end in `path` (a file, or a folder that holds backendFileName()), or with an
-/// empty path the one that Airlume itself would load. GUI thread, once per process: the library is
-/// not unloaded.
-Backend loadBackend(const QString &path);
+/// Loads the back end in `path` (a file, or a folder that holds WiFiApiLibrary), or with an empty
+/// path the one that Airlume itself would load. What is known of it goes to `report` before any of
+/// its code runs. GUI thread, once per process: the library is not unloaded.
+Backend loadBackend(const QString &path, const std::function<void(const Backend &)> &report = {});
 
 /// "5.15" from the number 0x050f08: a plug-in's metadata do not hold the patch level.
 QString versionText(int version);

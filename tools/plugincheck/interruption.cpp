@@ -1,62 +1,51 @@
 #include "interruption.h"
 
-#include <QSocketNotifier>
-
-#include <csignal>
-#include <fcntl.h>
 #include <unistd.h>
 
 namespace PluginCheck
 {
 
+namespace Interruption
+{
+
 namespace
 {
 
-volatile std::sig_atomic_t writeEnd = -1;
+volatile std::sig_atomic_t guarded = 0;
+const volatile std::sig_atomic_t *status = nullptr;
 
-void wakeEventLoop(int)
+void endBoth(int)
 {
-    const char byte = 0;
-    const ssize_t written = ::write(writeEnd, &byte, 1);
-    Q_UNUSED(written);
-}
-
-void handle(void (*handler)(int))
-{
-    struct sigaction action = {};
-    action.sa_handler = handler;
-    action.sa_flags = handler == SIG_DFL ? 0 : static_cast<int>(SA_RESETHAND | SA_RESTART);
-    sigemptyset(&action.sa_mask);
-    sigaction(SIGINT, &action, nullptr);
-    sigaction(SIGTERM, &action, nullptr);
+    ::kill(-static_cast<pid_t>(guarded), SIGKILL);
+    ::_exit(*status);
 }
 
 } // namespace
 
-Interruption::Interruption(QObject *parent)
-    : QObject(parent)
+void guard(qint64 group, const volatile std::sig_atomic_t &statusToEndWith)
 {
-    if (::pipe(m_pipe) != 0)
-        return;
-    for (const int end : m_pipe)
-        ::fcntl(end, F_SETFD, FD_CLOEXEC);
-    m_notifier = new QSocketNotifier(m_pipe[0], QSocketNotifier::Read, this);
-    connect(m_notifier, &QSocketNotifier::activated, this, [this] {
-        m_notifier->setEnabled(false);
-        emit requested();
-    });
-    writeEnd = m_pipe[1];
-    handle(wakeEventLoop);
+    guarded = static_cast<std::sig_atomic_t>(group);
+    status = &statusToEndWith;
+    struct sigaction action = {};
+    action.sa_handler = endBoth;
+    for (const int signal : {SIGINT, SIGTERM})
+        sigaction(signal, &action, nullptr);
 }
 
-Interruption::~Interruption()
+Held::Held()
 {
-    if (!m_notifier)
-        return;
-    handle(SIG_DFL);
-    delete m_notifier;
-    for (const int end : m_pipe)
-        ::close(end);
+    sigset_t both;
+    sigemptyset(&both);
+    sigaddset(&both, SIGINT);
+    sigaddset(&both, SIGTERM);
+    sigprocmask(SIG_BLOCK, &both, &m_before);
 }
+
+Held::~Held()
+{
+    sigprocmask(SIG_SETMASK, &m_before, nullptr);
+}
+
+} // namespace Interruption
 
 } // namespace PluginCheck

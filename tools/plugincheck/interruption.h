@@ -1,30 +1,34 @@
 #ifndef AIRLUME_PLUGINCHECK_INTERRUPTION_H
 #define AIRLUME_PLUGINCHECK_INTERRUPTION_H
 
-#include <QObject>
+#include <QtGlobal>
 
-class QSocketNotifier;
+#include <csignal>
 
 namespace PluginCheck
 {
 
-/// Tells of the first SIGINT or SIGTERM in the event loop; a second one ends the process as usual.
-/// One object at a time, in the GUI thread.
-class Interruption : public QObject
+/// SIGINT and SIGTERM end this process at once, and a process group with it.
+namespace Interruption
 {
-    Q_OBJECT
 
+/// From now on the signals kill `group` and end this process with `status`, which may change later.
+void guard(qint64 group, const volatile std::sig_atomic_t &status);
+
+/// Holds the signals off for as long as it lives.
+class Held
+{
 public:
-    explicit Interruption(QObject *parent = nullptr);
-    ~Interruption() override;
-
-signals:
-    void requested();
+    Held();
+    ~Held();
+    Held(const Held &) = delete;
+    Held &operator=(const Held &) = delete;
 
 private:
-    int m_pipe[2] = {-1, -1};
-    QSocketNotifier *m_notifier = nullptr;
+    sigset_t m_before;
 };
+
+} // namespace Interruption
 
 } // namespace PluginCheck
 

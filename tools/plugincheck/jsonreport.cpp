@@ -31,7 +31,7 @@ QJsonObject backendObject(const Backend &backend)
 
 QJsonArray interfaceArray(const Answers &answers)
 {
-    const int chosen = chosenInterface(answers.listed, answers.usable);
+    const int chosen = readInterface(answers);
     QJsonArray array;
     for (int i = 0; i < answers.interfaces.size(); ++i) {
         array.append(QJsonObject{
@@ -81,12 +81,19 @@ QJsonArray messageArray(const QVector<Message> &messages)
     return array;
 }
 
+QJsonValue outputOrNull(const QByteArray &output)
+{
+    return textOrNull(QString::fromUtf8(output));
+}
+
 QJsonArray deviationArray(const Deviations &deviations)
 {
     QJsonArray array;
     for (const Deviation &deviation : deviations.list()) {
         array.append(QJsonObject{
             {QStringLiteral("code"), deviation.code},
+            {QStringLiteral("kind"), deviation.weight == Weight::Broken ? QStringLiteral("broken")
+                                                                        : QStringLiteral("odd")},
             {QStringLiteral("rule"), deviation.rule},
             {QStringLiteral("count"), deviation.count},
             {QStringLiteral("examples"), QJsonArray::fromStringList(deviation.examples)},
@@ -148,7 +155,9 @@ QByteArray jsonReport(const Report &report)
         {QStringLiteral("queried"), answers.queried ? QJsonValue(*answers.queried) : QJsonValue()},
         {QStringLiteral("networks"), networkArray(answers.networks)},
         {QStringLiteral("times"), timesObject(answers)},
-        {QStringLiteral("messages"), messageArray(report.messages)},
+        {QStringLiteral("messages"), messageArray(report.heard.messages)},
+        {QStringLiteral("stdout"), outputOrNull(report.heard.output)},
+        {QStringLiteral("stderr"), outputOrNull(report.heard.errors)},
         {QStringLiteral("deviations"), deviationArray(report.deviations)},
         {QStringLiteral("result"), resultName(report)},
         {QStringLiteral("reason"), textOrNull(reasonName(report))},

@@ -1,3 +1,4 @@
+#include "judgedchild.h"
 #include "plaintext.h"
 #include "session.h"
 
@@ -24,7 +25,11 @@ void write(std::FILE *stream, const QString &text)
 int main(int argc, char *argv[])
 {
     QCoreApplication application(argc, argv);
-    const Options options = parseOptions(QCoreApplication::arguments());
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() == 4 && arguments.at(1) == QLatin1String(ChildOption))
+        return runJudgedChild(arguments.at(2).toInt(), arguments.at(3));
+
+    const Options options = parseOptions(arguments);
     switch (options.action) {
     case Options::ShowHelp:
     case Options::ShowVersion:

@@ -1,6 +1,6 @@
 #include "options.h"
 
-#include "backendloader.h"
+#include "scan/wifiapicontract.h"
 
 #include <QCommandLineParser>
 
@@ -21,8 +21,9 @@ QString description()
 QString statusHelp()
 {
     return QStringLiteral("\nExit status:\n"
-                          "  0  the back end is sound and hears something\n"
-                          "  1  the back end is sound but hears nothing; the report says why\n"
+                          "  0  Airlume can rely on the back end, which hears something\n"
+                          "  1  as well, but it hears nothing, or only the network that the "
+                          "computer is joined to; the report says why\n"
                           "  2  the back end cannot be loaded or breaks the contract, or the "
                           "command line is wrong\n");
 }
@@ -60,13 +61,24 @@ Options parseOptions(const QStringList &arguments)
     const QCommandLineOption rounds(QStringLiteral("rounds"),
         QStringLiteral("Like --watch, but end after <number> rounds."), QStringLiteral("number"));
     const QCommandLineOption interval(QStringLiteral("interval"),
-        QStringLiteral("Time between two rounds (4)."), QStringLiteral("seconds"));
+        QStringLiteral("Time between two rounds (4; with --record 1)."), QStringLiteral("seconds"));
     const QCommandLineOption timeout(QStringLiteral("timeout"),
         QStringLiteral("Give up a call that does not answer for so long (10)."),
         QStringLiteral("seconds"));
-    parser.addOptions({help, version, json, watch, rounds, interval, timeout});
+    const QCommandLineOption wait(QStringLiteral("wait"),
+        QStringLiteral("Wait up to so long for the first scan, without --watch (20)."),
+        QStringLiteral("seconds"));
+    const QCommandLineOption record(QStringLiteral("record"),
+        QStringLiteral("Write what is heard to <file>, which the simulated back end replays."),
+        QStringLiteral("file"));
+    const QCommandLineOption recordFor(QStringLiteral("for"),
+        QStringLiteral("End the record after so long."), QStringLiteral("seconds"));
+    const QCommandLineOption anonymous(
+        QStringLiteral("anonymous"), QStringLiteral("Replace names and addresses in the record."));
+    parser.addOptions({help, version, json, watch, rounds, interval, timeout, wait, record,
+        recordFor, anonymous});
     parser.addPositionalArgument(QStringLiteral("backend"),
-        QStringLiteral("The library, or the folder that holds ") + backendFileName() +
+        QStringLiteral("The library, or the folder that holds ") + WiFiApiLibrary +
             QStringLiteral(". Without it: the back end that Airlume itself would load."),
         QStringLiteral("[backend]"));
 
@@ -100,21 +112,47 @@ Options parseOptions(const QStringList &arguments)
             return refusal(
                 options, QStringLiteral("--rounds needs a whole number, 1 or more."), parser);
     }
-    if (parser.isSet(interval)) {
-        const std::optional<int> pause = milliseconds(parser.value(interval), 0);
-        if (!pause) {
+    options.record = parser.value(record);
+    options.anonymous = parser.isSet(anonymous);
+    const bool isRecording = parser.isSet(record);
+    if (isRecording) {
+        options.rounds = 0;
+        options.interval = 1000;
+        if (options.record.isEmpty())
+            return refusal(options, QStringLiteral("--record needs a file's name."), parser);
+        if (parser.isSet(json) || parser.isSet(watch) || parser.isSet(rounds)) {
             return refusal(options,
-                QStringLiteral("--interval needs a number of seconds, 0 or more."), parser);
+                QStringLiteral("--record prints no rounds: leave out --json, --watch and "
+                               "--rounds."),
+                parser);
         }
-        options.interval = *pause;
+    } else if (parser.isSet(recordFor) || parser.isSet(anonymous)) {
+        return refusal(
+            options, QStringLiteral("--for and --anonymous belong to --record."), parser);
     }
-    if (parser.isSet(timeout)) {
-        const std::optional<int> patience = milliseconds(parser.value(timeout), 0.1);
-        if (!patience) {
+
+    const struct {
+        const QCommandLineOption &option;
+        double least;
+        int &value;
+    } times[] = {
+        {interval, isRecording ? 0.1 : 0, options.interval},
+        {timeout, 0.1, options.timeout},
+        {wait, 0, options.wait},
+        {recordFor, 0.1, options.recordFor},
+    };
+    for (const auto &time : times) {
+        if (!parser.isSet(time.option))
+            continue;
+        const std::optional<int> value = milliseconds(parser.value(time.option), time.least);
+        if (!value) {
             return refusal(options,
-                QStringLiteral("--timeout needs a number of seconds, 0.1 or more."), parser);
+                QStringLiteral("--%1 needs a number of seconds, %2 or more.")
+                    .arg(time.option.names().constFirst())
+                    .arg(time.least),
+                parser);
         }
-        options.timeout = *patience;
+        time.value = *value;
     }
     return options;
 }

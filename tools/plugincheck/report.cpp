@@ -6,27 +6,27 @@ namespace PluginCheck
 {
 
 Report answeredReport(
-    const Backend &backend, const Answers &answers, const QVector<Message> &messages)
+    const Backend &backend, const Answers &answers, const Heard &heard, const Deviations &extra)
 {
     Report report;
     report.time = QDateTime::currentDateTimeUtc();
     report.backend = backend;
     report.answers = answers;
-    report.messages = messages;
+    report.heard = heard;
     report.deviations = backend.deviations;
+    report.deviations.add(extra);
     report.deviations.add(checkAnswers(answers));
-    report.verdict = judge(answers, report.deviations);
+    report.verdict = judge(answers, report.deviations, heard.messages);
     return report;
 }
 
-Report problemReport(
-    const Backend &backend, const Problem &problem, const QVector<Message> &messages)
+Report problemReport(const Backend &backend, const Problem &problem, const Heard &heard)
 {
     Report report;
     report.time = QDateTime::currentDateTimeUtc();
     report.backend = backend;
     report.backend.problem = problem;
-    report.messages = messages;
+    report.heard = heard;
     report.deviations = backend.deviations;
     report.verdict = {Outcome::Broken, QString(), problem.text, problem.advice};
     return report;

@@ -1,9 +1,7 @@
 #ifndef AIRLUME_PLUGINCHECK_REPORT_H
 #define AIRLUME_PLUGINCHECK_REPORT_H
 
-#include "answers.h"
-#include "backendloader.h"
-#include "messagecollector.h"
+#include "judgedprocess.h"
 #include "verdict.h"
 
 #include <QDateTime>
@@ -17,18 +15,17 @@ struct Report {
     QDateTime time;
     Backend backend;
     std::optional<Answers> answers; ///< Nothing when the back end has a problem.
-    QVector<Message> messages;
+    Heard heard;
     Deviations deviations;
     Verdict verdict;
 };
 
-/// The report on a round that was answered.
-Report answeredReport(
-    const Backend &backend, const Answers &answers, const QVector<Message> &messages);
+/// The report on a round that was answered. `extra`: what showed beyond that round.
+Report answeredReport(const Backend &backend, const Answers &answers, const Heard &heard,
+    const Deviations &extra = {});
 
 /// The report on a back end that gives no answers.
-Report problemReport(
-    const Backend &backend, const Problem &problem, const QVector<Message> &messages);
+Report problemReport(const Backend &backend, const Problem &problem, const Heard &heard);
 
 /// Lines of text for a person at a terminal, each of them safe to print.
 QString textReport(const Report &report);

@@ -96,7 +96,7 @@ void addInterfaces(Lines &lines, const Answers &answers)
     int width = 0;
     for (const QString &name : answers.interfaces)
         width = qMax(width, interfaceCell(name).size());
-    const int chosen = chosenInterface(answers.listed, answers.usable);
+    const int chosen = readInterface(answers);
     for (int i = 0; i < answers.interfaces.size() && i < MostRows; ++i) {
         const bool isChosen = i == chosen;
         lines.add((isChosen ? QStringLiteral("  > ") : QStringLiteral("    ")) +
@@ -120,28 +120,36 @@ struct Column {
 constexpr Column Columns[] = {{"#", true}, {"Signal dBm", true}, {"Channel", true},
     {"Joined", false}, {"Rate Mbps", true}, {"Security", false}, {"BSSID", false}};
 
-QString cell(const ScanMap &network, const char *key)
+QString cell(const ScanMap &network, const QString &key)
 {
-    const QString value = network.value(QLatin1String(key));
+    const QString value = network.value(key);
     return value.isEmpty() ? QStringLiteral("-") : shortened(value, LongestCell);
+}
+
+QString channelCell(const ScanMap &network)
+{
+    const int channel = network.value(ScanKey::Channel).toInt();
+    if (channel <= ScanChannel6GHz || channel > 65535)
+        return cell(network, ScanKey::Channel);
+    return QString::number(channel - ScanChannel6GHz) + QStringLiteral(" (6 GHz)");
 }
 
 /// The cells of a row but the name, which has whatever is left of the line: it alone may hold
 /// wide or right-to-left characters, which would push the columns behind it out of place.
 QStringList rowOf(int index, const ScanMap &network)
 {
-    const QString joined = network.value(QStringLiteral("current_connected"));
-    return {QString::number(index + 1), cell(network, "WLAN_NETWORK_SIGNAL"),
-        cell(network, "channel"),
-        joined == QLatin1String("1")   ? QStringLiteral("yes")
+    const QString joined = network.value(ScanKey::Connected);
+    return {QString::number(index + 1), cell(network, ScanKey::Signal), channelCell(network),
+        isJoined(network)              ? QStringLiteral("yes")
         : joined == QLatin1String("0") ? QString()
-                                       : cell(network, "current_connected"),
-        cell(network, "link_rate"), cell(network, "security_mode"), cell(network, "bssid")};
+                                       : cell(network, ScanKey::Connected),
+        cell(network, ScanKey::LinkRate), cell(network, ScanKey::Security),
+        cell(network, ScanKey::Bssid)};
 }
 
 QString nameCell(const ScanMap &network)
 {
-    const QString name = network.value(QStringLiteral("ssid"));
+    const QString name = network.value(ScanKey::Ssid);
     return name.isEmpty() ? QStringLiteral("(hidden: no name)") : quoted(name, LongestName);
 }
 
@@ -203,12 +211,31 @@ void addMessages(Lines &lines, const QVector<Message> &messages)
     }
 }
 
-void addDeviations(Lines &lines, const Deviations &deviations)
+/// What the back end printed. It may be anything, so the first lines are enough.
+void addOutput(Lines &lines, const QString &heading, const QByteArray &output)
 {
-    if (deviations.isEmpty())
+    if (output.isEmpty())
         return;
-    lines.addHeading(QStringLiteral("Deviations from the contract"));
+    lines.addHeading(heading);
+    QStringList printed = QString::fromUtf8(output).split(QLatin1Char('\n'));
+    if (printed.last().isEmpty())
+        printed.removeLast();
+    for (int i = 0; i < printed.size() && i < MostMessages; ++i)
+        lines.add(QStringLiteral("  ") + shortened(printed.at(i), LongestMessage));
+    if (printed.size() > MostMessages)
+        lines.add(QStringLiteral("  and more; --json lists it"));
+}
+
+void addDeviations(
+    Lines &lines, const QString &heading, const Deviations &deviations, Weight weight)
+{
+    bool isFirst = true;
     for (const Deviation &deviation : deviations.list()) {
+        if (deviation.weight != weight)
+            continue;
+        if (isFirst)
+            lines.addHeading(heading);
+        isFirst = false;
         lines.addWrapped(QStringLiteral("  - "), deviation.rule);
         for (const QString &example : deviation.examples)
             lines.add(QStringLiteral("      ") + example);
@@ -229,8 +256,12 @@ QString textReport(const Report &report)
         addInterfaces(lines, *report.answers);
         addNetworks(lines, *report.answers);
     }
-    addMessages(lines, report.messages);
-    addDeviations(lines, report.deviations);
+    addMessages(lines, report.heard.messages);
+    addOutput(lines, QStringLiteral("Its standard output"), report.heard.output);
+    addOutput(lines, QStringLiteral("Its standard error output"), report.heard.errors);
+    addDeviations(lines, QStringLiteral("Odd, but no fault"), report.deviations, Weight::Odd);
+    addDeviations(
+        lines, QStringLiteral("Breaks of the contract"), report.deviations, Weight::Broken);
     lines.addGap();
     lines.addWrapped(QStringLiteral("Result: "), report.verdict.text);
     if (!report.verdict.advice.isEmpty())

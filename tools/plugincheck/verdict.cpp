@@ -1,5 +1,6 @@
 #include "verdict.h"
 
+#include "advice.h"
 #include "contract.h"
 
 namespace PluginCheck
@@ -8,95 +9,8 @@ namespace PluginCheck
 namespace
 {
 
-QString simulatedAir()
-{
-    return QStringLiteral("To try Airlume without Wi-Fi hardware, start it with the simulated back "
-                          "end: `./run --plugin simulated`");
-}
-
-#ifdef Q_OS_MACOS
-
-QStringList adviceWithoutInterface()
-{
-    return {
-        QStringLiteral(
-            "Open System Settings > Network: is Wi-Fi listed there? If not, macOS itself "
-            "does not see an adapter."),
-        simulatedAir(),
-    };
-}
-
-QStringList adviceWithRadioOff()
-{
-    return {QStringLiteral("Turn Wi-Fi on in the menu bar or in System Settings > Wi-Fi.")};
-}
-
-QStringList adviceWithFailedQuery()
-{
-    return adviceWithRadioOff();
-}
-
-QStringList adviceWithEmptyAir()
-{
-    return {
-        QStringLiteral("Wait a quarter of a minute for the first scan and look again: "
-                       "`airlume-plugincheck --watch`"),
-        QStringLiteral("Allow Airlume to use your location in System Settings > Privacy & Security "
-                       "> Location Services: without it macOS hides the networks."),
-    };
-}
-
-#else
-
-QStringList adviceWithoutInterface()
-{
-    return {
-        QStringLiteral("See whether the system knows a Wi-Fi interface: `iw dev` or `ls "
-                       "/sys/class/net`. If none is listed there, Airlume cannot see one either."),
-        QStringLiteral(
-            "Plug the adapter in, or enable it in the firmware set-up. A virtual "
-            "machine or container has no Wi-Fi unless a USB adapter is passed on to it."),
-        QStringLiteral("If the adapter is there but not listed, its driver or firmware may be "
-                       "missing. Look for the reason: `sudo dmesg | grep -i firmware`"),
-        simulatedAir(),
-    };
-}
-
-QStringList adviceWithRadioOff()
-{
-    return {
-        QStringLiteral("Turn the radio on: leave flight mode, use the switch or key on the "
-                       "computer, or type `nmcli radio wifi on`"),
-        QStringLiteral("See whether the radio is blocked: `rfkill list`. Unblock it: `rfkill "
-                       "unblock wifi`. \"Hard blocked: yes\" means a switch on the computer."),
-        QStringLiteral("If the radio is on, the interface may be down. Bring it up (NAME is its "
-                       "name in the list above): `sudo ip link set NAME up`"),
-    };
-}
-
-QStringList adviceWithFailedQuery()
-{
-    return QStringList{
-               QStringLiteral("Look again for a while, in case it fails only now and then: "
-                              "`airlume-plugincheck --watch`"),
-           } +
-           adviceWithRadioOff();
-}
-
-QStringList adviceWithEmptyAir()
-{
-    return {
-        QStringLiteral("Wait a quarter of a minute for the first scan and look again: "
-                       "`airlume-plugincheck --watch`"),
-        QStringLiteral("Ask for a scan by hand: `nmcli device wifi rescan`, or without "
-                       "NetworkManager `sudo iw dev NAME scan` (NAME is the interface above). Over "
-                       "ssh an ordinary user may not start one."),
-        QStringLiteral("Check that the antenna is connected and that an access point is near: a "
-                       "phone beside the computer should list networks."),
-    };
-}
-
-#endif
+const QString EmptyList = QStringLiteral("empty-list");
+const QString OwnNetworkOnly = QStringLiteral("own-network-only");
 
 QString shownInAirlume()
 {
@@ -104,54 +18,104 @@ QString shownInAirlume()
         " Airlume shows \"Please make sure turn on the wireless radio.\" meanwhile.");
 }
 
-Verdict nothingHeard(const char *reason, const QString &text, const QStringList &advice)
+QStringList complaints(const QVector<Message> &messages)
 {
-    return {Outcome::NothingHeard, QLatin1String(reason), text, advice};
+    QStringList texts;
+    for (const Message &message : messages) {
+        if (message.level == QLatin1String("critical"))
+            texts.append(message.text);
+    }
+    return texts;
+}
+
+Verdict heard(int count, bool isOdd)
+{
+    const QString what = QStringLiteral(" hears ") + QString::number(count) +
+                         (count == 1 ? QStringLiteral(" network") : QStringLiteral(" networks"));
+    return {Outcome::Heard, QString(),
+        isOdd ? QStringLiteral("The back end") + what +
+                    QStringLiteral(". Airlume copes with what is odd about it; see above.")
+              : QStringLiteral("The back end is sound and") + what + QLatin1Char('.'),
+        {}};
+}
+
+Verdict withoutInterface(const Answers &answers, const QStringList &complaints)
+{
+    // The simulated back end begins so what is wrong with its script.
+    const QStringList mistakes = complaints.filter(QStringLiteral("Scenario file "));
+    if (!mistakes.isEmpty()) {
+        return {Outcome::NothingHeard, QStringLiteral("scenario-mistake"),
+            QStringLiteral("The simulated back end cannot play its scenario. ") + mistakes.first() +
+                shownInAirlume(),
+            Advice::withScenarioMistake()};
+    }
+    return {Outcome::NothingHeard, QStringLiteral("no-interface"),
+        (answers.listed ? QStringLiteral("The back end finds no Wi-Fi interface on this computer.")
+                        : QStringLiteral("The back end could not list the Wi-Fi interfaces.")) +
+            shownInAirlume(),
+        Advice::withoutInterface()};
+}
+
+Verdict withInterface(const Answers &answers)
+{
+    const bool failed = answers.queried != true;
+    const QString shown = failed ? shownInAirlume() : QString();
+    if (!failed && !answers.networks.isEmpty()) {
+        return {Outcome::NothingHeard, OwnNetworkOnly,
+            QStringLiteral("The back end hears only the network that the computer is joined to: "
+                           "nothing has scanned lately, or nothing else is near."),
+            Advice::withOwnNetworkOnly()};
+    }
+    if (!answers.usable.contains(true)) {
+        return {Outcome::NothingHeard, QStringLiteral("none-usable"),
+            QStringLiteral("There is a Wi-Fi interface, but none that can be used: its radio is "
+                           "off, blocked or the interface is down.") +
+                shown,
+            Advice::withRadioOff()};
+    }
+    if (failed) {
+        return {Outcome::NothingHeard, QStringLiteral("query-failed"),
+            QStringLiteral("The interface is there, but asking it for networks failed: mostly "
+                           "because the radio was turned off or the adapter pulled out just now.") +
+                shown,
+            Advice::withFailedQuery()};
+    }
+    return {Outcome::NothingHeard, EmptyList,
+        QStringLiteral("The interface works, but it has not heard any network yet."),
+        Advice::withEmptyAir()};
+}
+
+bool isOwnNetworkOnly(const QList<ScanMap> &networks)
+{
+    return networks.size() == 1 && isJoined(networks.first());
 }
 
 } // namespace
 
-Verdict judge(const Answers &answers, const Deviations &deviations)
+Verdict judge(
+    const Answers &answers, const Deviations &deviations, const QVector<Message> &messages)
 {
-    if (!deviations.isEmpty()) {
+    if (deviations.isBroken()) {
         return {Outcome::Broken, QString(),
-            QStringLiteral("The back end breaks the contract, so Airlume may show wrong values or "
-                           "none."),
-            {QStringLiteral("This cannot be set right from outside: send this report to whoever "
-                            "wrote the back end, or use another one.")}};
+            QStringLiteral("The back end breaks the contract: Airlume cannot rely on it."),
+            Advice::withBrokenBackend()};
     }
-    if (answers.interfaces.isEmpty()) {
-        return nothingHeard("no-interface",
-            (answers.listed
-                    ? QStringLiteral("The back end finds no Wi-Fi interface on this computer.")
-                    : QStringLiteral("The back end could not list the Wi-Fi interfaces.")) +
-                shownInAirlume(),
-            adviceWithoutInterface());
-    }
-    if (answers.queried == true && !answers.networks.isEmpty()) {
-        const int count = answers.networks.size();
-        return {Outcome::Heard, QString(),
-            QStringLiteral("The back end is sound and hears ") + QString::number(count) +
-                (count == 1 ? QStringLiteral(" network.") : QStringLiteral(" networks.")),
-            {}};
-    }
-    if (!answers.usable.contains(true)) {
-        return nothingHeard("none-usable",
-            QStringLiteral("There is a Wi-Fi interface, but none that can be used: its radio is "
-                           "off, blocked or the interface is down.") +
-                (answers.queried == true ? QString() : shownInAirlume()),
-            adviceWithRadioOff());
-    }
-    if (answers.queried != true) {
-        return nothingHeard("query-failed",
-            QStringLiteral("The interface is there, but asking it for networks failed: mostly "
-                           "because the radio was turned off or the adapter pulled out just now.") +
-                shownInAirlume(),
-            adviceWithFailedQuery());
-    }
-    return nothingHeard("empty-list",
-        QStringLiteral("The interface works, but it has not heard any network yet."),
-        adviceWithEmptyAir());
+    if (answers.queried == true && !answers.networks.isEmpty() &&
+        !isOwnNetworkOnly(answers.networks))
+        return heard(answers.networks.size(), !deviations.isEmpty());
+
+    const QStringList said = complaints(messages);
+    Verdict verdict =
+        answers.interfaces.isEmpty() ? withoutInterface(answers, said) : withInterface(answers);
+    if (!said.isEmpty())
+        verdict.advice.prepend(QStringLiteral("Follow the back end's own messages above first: it "
+                                              "knows best what it met."));
+    return verdict;
+}
+
+bool mayImprove(const Verdict &verdict)
+{
+    return verdict.reason == EmptyList || verdict.reason == OwnNetworkOnly;
 }
 
 Outcome combined(Outcome sofar, Outcome round)

@@ -1,17 +1,17 @@
 #ifndef AIRLUME_PLUGINCHECK_VERDICT_H
 #define AIRLUME_PLUGINCHECK_VERDICT_H
 
-#include "answers.h"
 #include "deviations.h"
+#include "wire.h"
 
 namespace PluginCheck
 {
 
 /// What a round comes to. The number is the exit status of the program.
 enum class Outcome {
-    Heard = 0,        ///< In the contract, and at least one network was heard.
-    NothingHeard = 1, ///< In the contract, but the list stays empty.
-    Broken = 2,       ///< Not loadable or out of the contract.
+    Heard = 0,        ///< Airlume can rely on the back end, which hears the neighbourhood.
+    NothingHeard = 1, ///< As well, but the list stays empty or holds the own network only.
+    Broken = 2,       ///< Not loadable, or Airlume cannot rely on it.
 };
 
 /// The outcome, and for a user whose list is empty why and what to do.
@@ -22,7 +22,12 @@ struct Verdict {
     QStringList advice; ///< What the user can do, most likely help first.
 };
 
-Verdict judge(const Answers &answers, const Deviations &deviations);
+/// `messages` are those of the back end itself: why it hears nothing is often said there.
+Verdict judge(
+    const Answers &answers, const Deviations &deviations, const QVector<Message> &messages);
+
+/// True when a scan that has just begun may still change the verdict for the better.
+bool mayImprove(const Verdict &verdict);
 
 /// Status of a whole run, from those of its rounds: broken if one was, else heard if one was.
 Outcome combined(Outcome sofar, Outcome round);
