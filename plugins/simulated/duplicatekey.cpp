@@ -10,23 +10,6 @@ namespace
 /// The JSON reader refuses what lies deeper, so it need not be looked at.
 const int deepest = 1024;
 
-/// Index just behind the closing quote of the string that opens at `open`.
-int endOfString(const QByteArray &json, int open)
-{
-    int i = open + 1;
-    while (i < json.size() && json.at(i) != '"')
-        i += json.at(i) == '\\' ? 2 : 1;
-    return qMin(i + 1, json.size());
-}
-
-/// The text of a string with its quotes. The same text can be written in several ways.
-QString textOf(const QByteArray &string)
-{
-    if (!string.contains('\\'))
-        return QString::fromUtf8(string.mid(1, string.size() - 2));
-    return QJsonDocument::fromJson('[' + string + ']').array().at(0).toString();
-}
-
 bool isFollowedByColon(const QByteArray &json, int i)
 {
     while (i < json.size() &&
@@ -49,9 +32,9 @@ DuplicateKey FindDuplicateKey(const QByteArray &json)
         } else if ((c == '}' || c == ']') && !open.isEmpty()) {
             open.removeLast();
         } else if (c == '"') {
-            const int end = endOfString(json, i);
+            const int end = EndOfJsonString(json, i);
             if (!open.isEmpty() && isFollowedByColon(json, end)) {
-                const QString key = textOf(json.mid(i, end - i));
+                const QString key = JsonStringText(json.mid(i, end - i));
                 if (open.last().contains(key))
                     return {key, LineOfOffset(json, i), true};
                 open.last().insert(key);
@@ -65,4 +48,19 @@ DuplicateKey FindDuplicateKey(const QByteArray &json)
 int LineOfOffset(const QByteArray &text, int offset)
 {
     return static_cast<int>(text.left(offset).count('\n')) + 1;
+}
+
+int EndOfJsonString(const QByteArray &json, int open)
+{
+    int i = open + 1;
+    while (i < json.size() && json.at(i) != '"')
+        i += json.at(i) == '\\' ? 2 : 1;
+    return qMin(i + 1, json.size());
+}
+
+QString JsonStringText(const QByteArray &string)
+{
+    if (!string.contains('\\'))
+        return QString::fromUtf8(string.mid(1, string.size() - 2));
+    return QJsonDocument::fromJson('[' + string + ']').array().at(0).toString();
 }

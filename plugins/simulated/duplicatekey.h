@@ -19,4 +19,10 @@ DuplicateKey FindDuplicateKey(const QByteArray &json);
 /// The line, from 1, of the byte at `offset`.
 int LineOfOffset(const QByteArray &text, int offset);
 
+/// Index just behind the closing quote of the string that opens at `open`.
+int EndOfJsonString(const QByteArray &json, int open);
+
+/// The text of a string with its quotes. The same text can be written in several ways.
+QString JsonStringText(const QByteArray &string);
+
 #endif

@@ -13,6 +13,8 @@ struct ScenarioError {
     QString field;
     /// What is wrong; empty: nothing.
     QString text;
+    /// The line of the field; 0 when the text tells it, or there is none.
+    int line = 0;
 
     bool isSet() const { return !text.isEmpty(); }
     /// Keeps the first error only.

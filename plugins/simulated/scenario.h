@@ -7,6 +7,7 @@
 #include <QVector>
 
 #include <limits>
+#include <optional>
 
 /// A place on a walk: the mean signal is `dbm` at `seconds`, and changes evenly to the next place.
 struct WalkPoint {
@@ -19,6 +20,8 @@ struct ScenarioInterface {
     QString name;
     QString address;
     bool usable = true;
+    /// The machine does not have it until it is attached.
+    bool attached = false;
 };
 
 /// One simulated access point.
@@ -45,17 +48,47 @@ struct ScenarioNetwork {
     bool isOnAir(double seconds) const { return seconds >= from && seconds < until; }
 };
 
+/// From some moment on, a network is heard exactly so. What is not set stays as it was.
+struct ScenarioHearing {
+    std::optional<QString> ssid;
+    std::optional<QString> security;
+    std::optional<int> channel;
+    std::optional<double> signal;
+    /// In place of the network's "raw": texts for the scan map, and keys to leave out.
+    bool hasRaw = false;
+    QMap<QString, QString> raw;
+    QStringList missing;
+};
+
 /// Something that happens to the machine at a set time.
 struct ScenarioEvent {
-    enum class Action { RadioOff, RadioOn, Unplug, Plug, Join, Leave, Fail, Recover };
+    enum class Action {
+        RadioOff,
+        RadioOn,
+        Unplug,
+        Plug,
+        Attach,
+        Join,
+        Leave,
+        Hear,
+        Lose,
+        Order,
+        Fail,
+        Recover
+    };
     enum class Query { All, Interfaces, Usable, Networks };
 
     double at = 0.0;
     Action action = Action::RadioOff;
     /// Index of the interface concerned; -1: all of them.
     int interface = -1;
-    /// Index of the network to join.
+    /// Index of the network to join, or that is heard or lost.
     int network = -1;
+    /// How it is heard.
+    ScenarioHearing hearing;
+    /// Indexes of the networks, or of the interfaces, that come first from now on.
+    QVector<int> networkOrder;
+    QVector<int> interfaceOrder;
     /// The query that starts or stops failing.
     Query query = Query::All;
 };

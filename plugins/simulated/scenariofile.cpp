@@ -26,7 +26,9 @@ ScenarioFileResult ReadScenarioFile(const QString &path)
     } else if (parsed.error.field.isEmpty()) {
         result.problem = opening + QLatin1Char(' ') + parsed.error.text + QLatin1Char('.');
     } else {
-        result.problem = opening + QStringLiteral(", field ") + parsed.error.field +
+        const QString line =
+            parsed.error.line > 0 ? QStringLiteral(", line %1").arg(parsed.error.line) : QString();
+        result.problem = opening + line + QStringLiteral(", field ") + parsed.error.field +
                          QStringLiteral(": ") + parsed.error.text + QLatin1Char('.');
     }
     return result;

@@ -2,6 +2,8 @@
 
 #include "simulated/duplicatekey.h"
 #include "simulated/eventreader.h"
+#include "simulated/fieldline.h"
+#include "simulated/hearingreader.h"
 #include "simulated/signalmodel.h"
 
 #include <QHash>
@@ -28,7 +30,6 @@ private:
     static int readChannel(const JsonFields &fields, const QJsonValue &value);
     void readWalk(const JsonFields &fields, ScenarioNetwork *network);
     void readPresence(const JsonFields &fields, ScenarioNetwork *network);
-    void readRaw(const JsonFields &fields, ScenarioNetwork *network);
     void readGenerate(const QJsonValue &value, const QString &path);
     void readEvents(const JsonFields &root);
     void addNetwork(const ScenarioNetwork &network, const QString &path);
@@ -68,11 +69,8 @@ void Builder::readInterfaces(const JsonFields &root)
 {
     static const QStringList known{
         QStringLiteral("name"), QStringLiteral("usable"), QStringLiteral("address")};
-    const auto defaultAddress = [](int index) {
-        return QStringLiteral("02:00:00:00:00:%1").arg(index + 1, 2, 16, QLatin1Char('0'));
-    };
     if (!root.has(QLatin1String("interfaces"))) {
-        m_scenario.interfaces.append({QStringLiteral("sim0"), defaultAddress(0), true});
+        m_scenario.interfaces.append({QStringLiteral("sim0"), DefaultAddress(0), true, false});
         return;
     }
     const QJsonArray list = root.list(QLatin1String("interfaces"));
@@ -86,7 +84,7 @@ void Builder::readInterfaces(const JsonFields &root)
         fields.require(QLatin1String("name"));
         interface.name = fields.text(QLatin1String("name"));
         interface.usable = fields.flag(QLatin1String("usable"), true);
-        interface.address = fields.hardwareAddress(QLatin1String("address"), defaultAddress(i));
+        interface.address = fields.hardwareAddress(QLatin1String("address"), DefaultAddress(i));
         if (interface.name.isEmpty())
             fields.report(QLatin1String("name"), QStringLiteral("must not be empty"));
         for (const ScenarioInterface &earlier : qAsConst(m_scenario.interfaces)) {
@@ -124,7 +122,7 @@ void Builder::readNetworks(const JsonFields &root)
         network.linkRate = static_cast<int>(fields.whole(QLatin1String("link_rate"), 1, 100000, 0));
         readWalk(fields, &network);
         readPresence(fields, &network);
-        readRaw(fields, &network);
+        ReadRawTexts(fields, &network.raw, &network.missing, &m_error);
         if (fields.flag(QLatin1String("joined"), false)) {
             if (m_scenario.joined >= 0) {
                 fields.report(QLatin1String("joined"),
@@ -187,23 +185,6 @@ void Builder::readPresence(const JsonFields &fields, ScenarioNetwork *network)
         fields.report(until, QStringLiteral("must be later than \"from\""));
 }
 
-void Builder::readRaw(const JsonFields &fields, ScenarioNetwork *network)
-{
-    const QJsonObject raw = fields.object(QLatin1String("raw"));
-    for (auto it = raw.begin(); it != raw.end(); ++it) {
-        if (!it.value().isString() && !it.value().isNull()) {
-            m_error.report(fields.path(QStringLiteral("raw.") + it.key().left(40)),
-                QStringLiteral("must be a text, or null to leave the key out, not ") +
-                    ValueText(it.value()));
-            return;
-        }
-        if (it.value().isNull())
-            network->missing.append(it.key());
-        else
-            network->raw.insert(it.key(), it.value().toString());
-    }
-}
-
 void Builder::readGenerate(const QJsonValue &value, const QString &path)
 {
     static const QStringList known{QStringLiteral("count"), QStringLiteral("prefix"),
@@ -258,7 +239,7 @@ void Builder::readEvents(const JsonFields &root)
     }
     for (int i = 0; i < list.size() && !m_error.isSet(); ++i) {
         m_scenario.events.append(ReadScenarioEvent(
-            list.at(i), indexed("events", i), m_scenario, m_networkOfBssid, &m_error));
+            list.at(i), indexed("events", i), &m_scenario, &m_networkOfBssid, &m_error));
     }
     std::stable_sort(m_scenario.events.begin(), m_scenario.events.end(),
         [](const ScenarioEvent &a, const ScenarioEvent &b) { return a.at < b.at; });
@@ -293,5 +274,8 @@ ScenarioResult ParseScenario(const QByteArray &json)
         result.error.report(QString(), QStringLiteral("must hold an object: { ... }"));
         return result;
     }
-    return Builder().build(document.object());
+    result = Builder().build(document.object());
+    if (result.error.isSet())
+        result.error.line = LineOfField(json, result.error.field);
+    return result;
 }

@@ -15,10 +15,10 @@ struct ScenarioResult {
 /// Limits of a scenario file.
 namespace ScenarioLimits
 {
-constexpr int Bytes = 4 * 1024 * 1024;
+constexpr int Bytes = 16 * 1024 * 1024;
 constexpr int Networks = 10000;
 constexpr int Interfaces = 100;
-constexpr int Events = 10000;
+constexpr int Events = 250000;
 constexpr int WalkPoints = 1000;
 constexpr double Seconds = 1e9;
 } // namespace ScenarioLimits

@@ -2,20 +2,49 @@
 
 #include "simulated/signalmodel.h"
 
+#include <QSet>
+
 #include <cmath>
+#include <numeric>
+
+namespace
+{
+ScanMap fixedPart(const ScenarioNetwork &network)
+{
+    return {{ScanKey::Ssid, network.ssid}, {ScanKey::Bssid, network.bssid},
+        {ScanKey::Channel, QString::number(network.channel)},
+        {ScanKey::Connected, QStringLiteral("0")}, {ScanKey::Security, network.security},
+        {ScanKey::Signal, QString()}};
+}
+
+QVector<int> inOrder(int count)
+{
+    QVector<int> order(count);
+    std::iota(order.begin(), order.end(), 0);
+    return order;
+}
+
+/// Puts `first` before the others, which keep their order.
+void putFirst(const QVector<int> &first, QVector<int> &order)
+{
+    if (first.isEmpty())
+        return;
+    const QSet<int> moved(first.cbegin(), first.cend());
+    QVector<int> changed = first;
+    for (const int index : qAsConst(order)) {
+        if (!moved.contains(index))
+            changed.append(index);
+    }
+    order = changed;
+}
+} // namespace
 
 SimulatedAir::SimulatedAir(const Scenario &scenario)
     : m_scenario(scenario)
 {
-    m_fixed.reserve(scenario.networks.size());
     m_keys.reserve(scenario.networks.size());
-    for (const ScenarioNetwork &network : scenario.networks) {
-        m_fixed.append({{ScanKey::Ssid, network.ssid}, {ScanKey::Bssid, network.bssid},
-            {ScanKey::Channel, QString::number(network.channel)},
-            {ScanKey::Connected, QStringLiteral("0")}, {ScanKey::Security, network.security},
-            {ScanKey::Signal, QString()}});
+    for (const ScenarioNetwork &network : scenario.networks)
         m_keys.append(SignalModel::TextKey(network.bssid));
-    }
     reset();
     advanceTo(0.0);
 }
@@ -23,7 +52,16 @@ SimulatedAir::SimulatedAir(const Scenario &scenario)
 void SimulatedAir::reset()
 {
     m_nextEvent = 0;
-    m_states = QVector<InterfaceState>(m_scenario.interfaces.size());
+    m_networks = m_scenario.networks;
+    m_fixed.clear();
+    m_fixed.reserve(m_networks.size());
+    for (const ScenarioNetwork &network : qAsConst(m_networks))
+        m_fixed.append(fixedPart(network));
+    m_states.clear();
+    for (const ScenarioInterface &interface : qAsConst(m_scenario.interfaces))
+        m_states.append({!interface.attached, true});
+    m_networkOrder = inOrder(m_networks.size());
+    m_interfaceOrder = inOrder(m_states.size());
     m_joined = m_scenario.joined;
     m_failingInterfaces = m_failingUsable = m_failingNetworks = false;
 }
@@ -52,6 +90,14 @@ void SimulatedAir::apply(const ScenarioEvent &event)
         m_joined = event.network;
     } else if (event.action == Action::Leave) {
         m_joined = -1;
+    } else if (event.action == Action::Hear) {
+        hear(event.network, event.hearing);
+    } else if (event.action == Action::Lose) {
+        ScenarioNetwork &network = m_networks[event.network];
+        network.from = network.until = std::numeric_limits<double>::infinity();
+    } else if (event.action == Action::Order) {
+        putFirst(event.networkOrder, m_networkOrder);
+        putFirst(event.interfaceOrder, m_interfaceOrder);
     } else if (event.action == Action::Fail || event.action == Action::Recover) {
         const bool failing = event.action == Action::Fail;
         if (event.query == Query::All || event.query == Query::Interfaces)
@@ -67,14 +113,14 @@ void SimulatedAir::apply(const ScenarioEvent &event)
             if (event.action == Action::RadioOff || event.action == Action::RadioOn)
                 m_states[i].radioOn = event.action == Action::RadioOn;
             else
-                m_states[i].plugged = event.action == Action::Plug;
+                m_states[i].plugged = event.action != Action::Unplug;
         }
     }
 }
 
 bool SimulatedAir::interfaces(QStringList &names) const
 {
-    for (int i = 0; i < m_states.size(); ++i) {
+    for (const int i : m_interfaceOrder) {
         if (m_states.at(i).plugged)
             names.append(m_scenario.interfaces.at(i).name);
     }
@@ -140,8 +186,8 @@ bool SimulatedAir::networks(const QString &name, QList<ScanMap> &maps) const
     if (!hears(name))
         return false;
     maps.reserve(maps.size() + m_fixed.size());
-    for (int i = 0; i < m_fixed.size(); ++i) {
-        if (m_scenario.networks.at(i).isOnAir(m_scriptSeconds))
+    for (const int i : m_networkOrder) {
+        if (m_networks.at(i).isOnAir(m_scriptSeconds))
             maps.append(mapOf(i));
     }
     return true;
@@ -149,15 +195,35 @@ bool SimulatedAir::networks(const QString &name, QList<ScanMap> &maps) const
 
 bool SimulatedAir::joinedNetwork(const QString &name, ScanMap &map) const
 {
-    if (!hears(name) || m_joined < 0 || !m_scenario.networks.at(m_joined).isOnAir(m_scriptSeconds))
+    if (!hears(name) || m_joined < 0 || !m_networks.at(m_joined).isOnAir(m_scriptSeconds))
         return false;
     map = mapOf(m_joined);
     return true;
 }
 
+void SimulatedAir::hear(int index, const ScenarioHearing &hearing)
+{
+    ScenarioNetwork &network = m_networks[index];
+    network.from = 0.0;
+    network.until = std::numeric_limits<double>::infinity();
+    if (hearing.signal) {
+        network.walk.clear();
+        network.wander = 0.0;
+        network.signal = *hearing.signal;
+    }
+    network.ssid = hearing.ssid.value_or(network.ssid);
+    network.channel = hearing.channel.value_or(network.channel);
+    network.security = hearing.security.value_or(network.security);
+    if (hearing.hasRaw) {
+        network.raw = hearing.raw;
+        network.missing = hearing.missing;
+    }
+    m_fixed[index] = fixedPart(network);
+}
+
 ScanMap SimulatedAir::mapOf(int index) const
 {
-    const ScenarioNetwork &network = m_scenario.networks.at(index);
+    const ScenarioNetwork &network = m_networks.at(index);
     ScanMap map = m_fixed.at(index);
     const int signal = SignalModel::Signal(network, m_scenario.seed, m_keys.at(index), m_seconds);
     map[ScanKey::Signal] = QString::number(signal);

@@ -44,12 +44,17 @@ private:
     int indexOf(const QString &name) const;
     bool canScan(int index) const;
     bool hears(const QString &name) const;
+    void hear(int index, const ScenarioHearing &hearing);
     ScanMap mapOf(int index) const;
 
     Scenario m_scenario;
-    /// What never changes in the scan map of each network, and its wander key.
+    /// The networks as they are now, what stays in their scan maps, and their wander keys.
+    QVector<ScenarioNetwork> m_networks;
     QVector<ScanMap> m_fixed;
     QVector<quint64> m_keys;
+    /// Indexes in the order in which they are given.
+    QVector<int> m_networkOrder;
+    QVector<int> m_interfaceOrder;
 
     double m_seconds = 0.0;
     /// Time within the script, and how often it has started over.

@@ -15,6 +15,11 @@ inline const QByteArray fullFile = R"({
         { "ssid": "", "bssid": "02:00:00:00:01:02", "channel": 233, "signal": -71.5 } ],
     "generate": { "count": 2, "prefix": "Net ", "security": "Open", "wander": 0, "from": 1, "until": 9 },
     "events": [ { "at": 30, "do": "fail", "query": "networks" },
-                { "at": 10, "do": "join", "bssid": "02:00:00:00:01:02" } ] })";
+                { "at": 10, "do": "join", "bssid": "02:00:00:00:01:02" },
+                { "at": 11, "do": "attach", "interface": "wlan2" },
+                { "at": 12, "do": "hear", "bssid": "02:00:00:00:01:03", "ssid": "New", "channel": 6005,
+                  "security": "Open", "signal": -61, "raw": { "link_rate": "6", "ssid": null } },
+                { "at": 13, "do": "order", "networks": ["02:00:00:00:01:03"], "interfaces": ["wlan2"] },
+                { "at": 14, "do": "lose", "bssid": "02:00:00:00:01:03" } ] })";
 
 #endif

@@ -165,8 +165,9 @@ void TestPluginsDoc::theMessageShownIsTheRealOne()
     const ScenarioError error = ParseScenario(
         "{\"networks\":[" + list + R"({"ssid":"","bssid":"02:00:00:00:00:04","channel":"6"}]})")
                                     .error;
-    QVERIFY(m_page.contains(QStringLiteral("Scenario file hall.json, field ") + error.field +
-                            QStringLiteral(": ") + error.text + QStringLiteral(".\n")));
+    QVERIFY(
+        m_page.contains(QStringLiteral("Scenario file hall.json, line 7, field ") + error.field +
+                        QStringLiteral(": ") + error.text + QStringLiteral(".\n")));
 }
 
 void TestPluginsDoc::theOperationsStandInTheOrderOfTheHeader()

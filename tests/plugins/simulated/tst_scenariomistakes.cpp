@@ -11,6 +11,8 @@ class TestScenarioMistakes : public QObject
 private slots:
     void mistakesAreNamedWithTheirPlace_data();
     void mistakesAreNamedWithTheirPlace();
+    void mistakesAreNamedWithTheirLine_data();
+    void mistakesAreNamedWithTheirLine();
     void tooLargeFileIsRefused();
     void deepNestingIsRefused();
     void tooManyEntriesAreRefused_data();
@@ -178,11 +180,13 @@ void TestScenarioMistakes::mistakesAreNamedWithTheirPlace_data()
     row("events no list", R"({"events":1})", "events", "must be a list, not 1");
     row("event no object", R"({"events":[1]})", "events[0]", "must be an object, not 1");
     event("event key", R"("at":1,"do":"leave","when":1)", "events[0].when",
-        "unknown; known here are at, do, interface, bssid, query");
+        "unknown; known here are at, do, interface, bssid, query, ssid, channel, security, signal, "
+        "raw, interfaces, networks");
     event("event without time", R"("do":"leave")", "events[0].at", "is missing");
     event("event without action", R"("at":1)", "events[0].do", "is missing");
     event("event action", R"("at":1,"do":"explode")", "events[0].do",
-        "must be one of radio_off, radio_on, unplug, plug, join, leave, fail, recover, not "
+        "must be one of radio_off, radio_on, unplug, plug, attach, join, leave, hear, lose, order, "
+        "fail, recover, not "
         "\"explode\"");
     event("event time", R"("at":"1","do":"leave")", "events[0].at",
         "must be a number from 0 to 1000000000, not \"1\"");
@@ -199,12 +203,36 @@ void TestScenarioMistakes::mistakesAreNamedWithTheirPlace_data()
         "must be one of all, interfaces, usable, networks, not \"lists\"");
     event("query of a leave", R"("at":1,"do":"leave","query":"all")", "events[0].query",
         "does not belong to this event");
+    event("attach without a name", R"("at":1,"do":"attach")", "events[0].interface", "is missing");
+    event("attach an empty name", R"("at":1,"do":"attach","interface":"")", "events[0].interface",
+        "must not be empty");
+    event("attach what is there", R"("at":1,"do":"attach","interface":"sim0")",
+        "events[0].interface", "\"sim0\" is an interface of this file already");
+    event("hear nobody", R"("at":1,"do":"hear")", "events[0].bssid", "is missing");
+    event("hear an unknown one in part",
+        R"("at":1,"do":"hear","bssid":"02:00:00:00:00:09","ssid":"A")", "events[0].channel",
+        "is missing");
+    event("hear a wrong channel",
+        R"("at":1,"do":"hear","bssid":"02:00:00:00:00:09","ssid":"A","channel":234)",
+        "events[0].channel", "must be 1 to 233, or 6001 to 6233");
+    event("hear a wrong raw text",
+        R"("at":1,"do":"hear","bssid":"02:00:00:00:00:09","ssid":"A","channel":1,"raw":{"x":1})",
+        "events[0].raw.x", "must be a text, or null to leave the key out, not 1");
+    event("lose nobody", R"("at":1,"do":"lose","bssid":"02:00:00:00:00:09")", "events[0].bssid",
+        "\"02:00:00:00:00:09\" is no network of this file");
+    event("ssid of a lose", R"("at":1,"do":"leave","ssid":"A")", "events[0].ssid",
+        "does not belong to this event");
+    event("order of strangers", R"("at":1,"do":"order","networks":["02:00:00:00:00:09"])",
+        "events[0].networks[0]", "\"02:00:00:00:00:09\" is none of this file");
+    event("order with one twice", R"("at":1,"do":"order","interfaces":["sim0","sim0"])",
+        "events[0].interfaces[1]", "\"sim0\" stands twice");
     row("event after the end", R"({"repeat":60,"events":[{"at":61,"do":"leave"}]})", "events[0].at",
         "never comes: the script starts over after 60 seconds");
     row("hostile text",
         R"({"events":[{"at":1,"do":"a\n\u0000%1<b>0123456789012345678901234567890123456789"}]})",
         "events[0].do",
-        "must be one of radio_off, radio_on, unplug, plug, join, leave, fail, recover, not "
+        "must be one of radio_off, radio_on, unplug, plug, attach, join, leave, hear, lose, order, "
+        "fail, recover, not "
         "\"a\\u000a\\u0000%1<b>01234567890123456789012345678901...\"");
 }
 
@@ -218,11 +246,36 @@ void TestScenarioMistakes::mistakesAreNamedWithTheirPlace()
     QCOMPARE(result.error.field, field);
 }
 
+void TestScenarioMistakes::mistakesAreNamedWithTheirLine_data()
+{
+    QTest::addColumn<QByteArray>("json");
+    QTest::addColumn<int>("line");
+    QTest::newRow("of the whole") << QByteArray("{\n\n\"seed\": -1}") << 3;
+    QTest::newRow("in a list") << QByteArray("{\"networks\":\n[\n{\n},\n7]}") << 3;
+    QTest::newRow("an element") << QByteArray("{\"interfaces\":\n[{\"name\":\"a,[{\"},\n\n 7]}")
+                                << 4;
+    QTest::newRow("deep")
+        << QByteArray("{\"networks\":[{\"ssid\":\"]\\\"}\",\"bssid\":\"02:00:00:00:00:01\",\n"
+                      "\"channel\":1,\"walk\":[[0,-40],\n[1,-40],\n[1,-40]]}]}")
+        << 4;
+    QTest::newRow("missing") << QByteArray(
+                                    "{\"events\":[{\"at\":1,\"do\":\"leave\"},\n{\"at\":1}]}")
+                             << 2;
+    QTest::newRow("no JSON") << QByteArray("{\n,}") << 0;
+    QTest::newRow("none") << QByteArray("{}") << 0;
+}
+
+void TestScenarioMistakes::mistakesAreNamedWithTheirLine()
+{
+    QFETCH(QByteArray, json);
+    QTEST(ParseScenario(json).error.line, "line");
+}
+
 void TestScenarioMistakes::tooLargeFileIsRefused()
 {
-    const QByteArray padding(10 * 1024 * 1024, ' ');
+    const QByteArray padding(20 * 1024 * 1024, ' ');
     QCOMPARE(
-        ParseScenario("{}" + padding).error.text, QStringLiteral("is larger than 4194304 bytes"));
+        ParseScenario("{}" + padding).error.text, QStringLiteral("is larger than 16777216 bytes"));
     const QByteArray fitting(ScenarioLimits::Bytes - 2, ' ');
     QVERIFY(!ParseScenario("{}" + fitting).error.isSet());
 }

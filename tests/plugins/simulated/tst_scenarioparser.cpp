@@ -58,9 +58,9 @@ void TestScenarioParser::readsEveryFieldOfTheScenario()
     QCOMPARE(result.scenario.seed, quint64(42));
     QCOMPARE(result.scenario.timeScale, 60.0);
     QCOMPARE(result.scenario.repeat, 120.5);
-    QCOMPARE(result.scenario.interfaces.size(), 2);
-    QCOMPARE(result.scenario.networks.size(), 4);
-    QCOMPARE(result.scenario.events.size(), 2);
+    QCOMPARE(result.scenario.interfaces.size(), 3);
+    QCOMPARE(result.scenario.networks.size(), 5);
+    QCOMPARE(result.scenario.events.size(), 6);
     QCOMPARE(result.scenario.joined, 0);
 }
 

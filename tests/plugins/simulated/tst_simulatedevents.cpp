@@ -7,6 +7,12 @@ class TestSimulatedEvents : public QObject
 {
     Q_OBJECT
 private slots:
+    void networkIsHeardExactlyAsTold();
+    void newNetworkIsHeardFromItsEventOn();
+    void networkTheScriptKnewIsHeardOtherwise();
+    void orderIsAsTold();
+    void attachedInterfaceComesLast();
+    void startingOverForgetsWhatWasHeard();
     void radioOffAndOn();
     void radioOfOneInterfaceLeavesTheOther();
     void unplugAndPlug();
@@ -207,6 +213,114 @@ void TestSimulatedEvents::radioSwitchedByHandLastsUntilTheNextEvent()
     QVERIFY(air.isUsable(a));
     QVERIFY(air.setRadio(a, false) && air.setRadio(a, true));
     QVERIFY(air.isUsable(a));
+}
+
+void TestSimulatedEvents::networkIsHeardExactlyAsTold()
+{
+    SimulatedAir air = airOf(R"({"events": [
+        {"at": 0, "do": "hear", "bssid": "02:00:00:00:00:07", "ssid": "Cafe", "channel": 6005,
+         "security": "Open", "signal": -41},
+        {"at": 2, "do": "hear", "bssid": "02:00:00:00:00:07", "signal": -47},
+        {"at": 3, "do": "hear", "bssid": "02:00:00:00:00:07", "ssid": "Bar",
+         "raw": {"channel": "x", "link_rate": "6", "security_mode": null}},
+        {"at": 4, "do": "hear", "bssid": "02:00:00:00:00:07", "raw": {}}]})");
+    ScanMap expected{{ScanKey::Ssid, QStringLiteral("Cafe")},
+        {ScanKey::Bssid, QStringLiteral("02:00:00:00:00:07")},
+        {ScanKey::Channel, QStringLiteral("6005")}, {ScanKey::Connected, QStringLiteral("0")},
+        {ScanKey::Security, QStringLiteral("Open")}, {ScanKey::Signal, QStringLiteral("-41")}};
+    QCOMPARE(networksOf(air), QList<ScanMap>{expected});
+    air.advanceTo(1.999);
+    QCOMPARE(networksOf(air), QList<ScanMap>{expected});
+    air.advanceTo(2);
+    expected[ScanKey::Signal] = QStringLiteral("-47");
+    QCOMPARE(networksOf(air), QList<ScanMap>{expected});
+    air.advanceTo(3);
+    ScanMap odd = expected;
+    odd[ScanKey::Ssid] = QStringLiteral("Bar");
+    odd[ScanKey::Channel] = QStringLiteral("x");
+    odd[ScanKey::LinkRate] = QStringLiteral("6");
+    odd.remove(ScanKey::Security);
+    QCOMPARE(networksOf(air), QList<ScanMap>{odd});
+    air.advanceTo(4);
+    expected[ScanKey::Ssid] = QStringLiteral("Bar");
+    QCOMPARE(networksOf(air), QList<ScanMap>{expected});
+}
+
+void TestSimulatedEvents::newNetworkIsHeardFromItsEventOn()
+{
+    SimulatedAir air = airOf(R"({"events": [
+        {"at": 5, "do": "hear", "bssid": "02:00:00:00:00:07", "ssid": "Cafe", "channel": 1},
+        {"at": 6, "do": "join", "bssid": "02:00:00:00:00:07"},
+        {"at": 8, "do": "lose", "bssid": "02:00:00:00:00:07"},
+        {"at": 9, "do": "hear", "bssid": "02:00:00:00:00:07"}]})");
+    for (const QPair<double, int> &step :
+        {QPair<double, int>{0, 0}, {4.9, 0}, {5, 1}, {8, 0}, {9, 1}, {1000, 1}}) {
+        air.advanceTo(step.first);
+        QCOMPARE(networksOf(air).size(), step.second);
+    }
+    QCOMPARE(joinedOf(air), QStringList(QStringLiteral("02:00:00:00:00:07")));
+}
+
+void TestSimulatedEvents::networkTheScriptKnewIsHeardOtherwise()
+{
+    SimulatedAir air = airOf("{\"networks\": [" + home + R"(], "events": [
+        {"at": 1, "do": "hear", "bssid": "02:00:00:00:00:01", "channel": 36},
+        {"at": 2, "do": "lose", "bssid": "02:00:00:00:00:01"}]})");
+    air.advanceTo(1);
+    const ScanMap map = networksOf(air).value(0);
+    QCOMPARE(map.value(ScanKey::Channel), QStringLiteral("36"));
+    QCOMPARE(map.value(ScanKey::Signal), QStringLiteral("-50"));
+    QCOMPARE(map.value(ScanKey::Security), QStringLiteral("WPA3-SAE"));
+    air.advanceTo(2);
+    QCOMPARE(networksOf(air).size(), 0);
+}
+
+void TestSimulatedEvents::orderIsAsTold()
+{
+    SimulatedAir air = airWithEvents(R"(
+        {"at": 1, "do": "order", "networks": ["02:00:00:00:00:02"], "interfaces": ["b", "a"]},
+        {"at": 2, "do": "order", "interfaces": ["a"]})");
+    const auto first = [&air] { return networksOf(air).value(0).value(ScanKey::Bssid); };
+    QCOMPARE(first(), homeBssid);
+    air.advanceTo(1);
+    QCOMPARE(first(), otherBssid);
+    QCOMPARE(networksOf(air).size(), 2);
+    QCOMPARE(interfacesOf(air), (QStringList{b, a}));
+    air.advanceTo(2);
+    QCOMPARE(first(), otherBssid);
+    QCOMPARE(interfacesOf(air), (QStringList{a, b}));
+}
+
+void TestSimulatedEvents::attachedInterfaceComesLast()
+{
+    SimulatedAir air = airOf(R"({"interfaces": [], "events": [
+        {"at": 1, "do": "attach", "interface": "b"}, {"at": 2, "do": "attach", "interface": "a"},
+        {"at": 3, "do": "unplug", "interface": "b"}]})");
+    QCOMPARE(interfacesOf(air), QStringList());
+    QVERIFY(!hears(air));
+    air.advanceTo(1);
+    QCOMPARE(interfacesOf(air), QStringList(b));
+    QVERIFY(hears(air));
+    air.advanceTo(2);
+    QCOMPARE(interfacesOf(air), (QStringList{b, a}));
+    air.advanceTo(3);
+    QCOMPARE(interfacesOf(air), QStringList(a));
+}
+
+void TestSimulatedEvents::startingOverForgetsWhatWasHeard()
+{
+    SimulatedAir air = airOf("{\"repeat\": 10, \"networks\": [" + home + R"(], "events": [
+        {"at": 2, "do": "hear", "bssid": "02:00:00:00:00:07", "ssid": "Cafe", "channel": 1},
+        {"at": 2, "do": "attach", "interface": "b"},
+        {"at": 3, "do": "hear", "bssid": "02:00:00:00:00:01", "ssid": "Bar"},
+        {"at": 4, "do": "order", "networks": ["02:00:00:00:00:07"]}]})");
+    const QList<ScanMap> before = networksOf(air);
+    air.advanceTo(9);
+    QCOMPARE(networksOf(air).size(), 2);
+    QCOMPARE(interfacesOf(air).size(), 2);
+    air.advanceTo(10);
+    QCOMPARE(networksOf(air), before);
+    QCOMPARE(interfacesOf(air).size(), 1);
 }
 
 QTEST_GUILESS_MAIN(TestSimulatedEvents)

@@ -252,13 +252,13 @@ void TestSimulatedPlugin::badScenarioIsReportedOnceAndHasNoInterface_data()
     QTest::newRow("a field")
         << QByteArray(R"({"networks":[{"ssid":"A","bssid":"02:00:00:00:00:01","channel":"x"}]})")
         << QStringLiteral(
-               ", field networks[0].channel: must be a whole number from 1 to 233, not \"x\".");
+               ", line 1, field networks[0].channel: must be a whole number from 1 to 233, not \"x\".");
     QTest::newRow("several mistakes: the first")
         << QByteArray(R"({"seed":-1,"events":5})")
         << QStringLiteral(
-               ", field seed: must be a whole number from 0 to 9007199254740992, not -1.");
-    QTest::newRow("too large") << QByteArray(10 * 1024 * 1024, ' ')
-                               << QStringLiteral(" is larger than 4194304 bytes.");
+               ", line 1, field seed: must be a whole number from 0 to 9007199254740992, not -1.");
+    QTest::newRow("too large") << QByteArray(20 * 1024 * 1024, ' ')
+                               << QStringLiteral(" is larger than 16777216 bytes.");
     QTest::newRow("empty") << QByteArray()
                            << QStringLiteral(" is not JSON: illegal value in line 1.");
 }
@@ -325,7 +325,7 @@ void TestSimulatedPlugin::endlessFileIsReported()
     SimulatedPlugin plugin(m_clock);
     QVERIFY(!plugin.initWiFiApi());
     QCOMPARE(log.criticals(),
-        QStringList{QStringLiteral("Scenario file /dev/zero is larger than 4194304 bytes.")});
+        QStringList{QStringLiteral("Scenario file /dev/zero is larger than 16777216 bytes.")});
 }
 
 void TestSimulatedPlugin::unreadableFileIsReported()
