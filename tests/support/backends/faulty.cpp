@@ -1,5 +1,5 @@
 // Sound but for one fault: AIRLUME_TEST_FAULT holds its name and, behind an @, where it happens:
-// load, list, usable, query (as without it), thread (one of the query's own) or end (of the
+// load, list, usable, query (as without it), third (query), thread (one of its own) or end (of the
 // process). The names are the keys of "acts" and "airs" below, and of the interfaces: "flip"
 // changes their order, "vanish" takes the only one away once, and "readother" reads another one
 // than Airlume would take. AIRLUME_TEST_NOTE may name a file for the number of the process that
@@ -213,6 +213,8 @@ public:
     bool query(QString &nic, QList<ScanMap> &networks) override
     {
         act("query");
+        if (++m_queries == 3)
+            act("third");
         if (isPlace("thread"))
             std::thread([] { act("thread"); }).join();
         if (faultName() == QLatin1String("readother") && nic == QLatin1String("test1")) {
@@ -228,6 +230,7 @@ public:
 
 private:
     int m_lists = 0;
+    int m_queries = 0;
 };
 } // namespace
 
