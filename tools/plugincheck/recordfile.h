@@ -13,7 +13,7 @@ class RecordFile
 {
 public:
     /// What the simulated back end reads at most.
-    static constexpr qint64 MaximumSize = 16 * 1024 * 1024;
+    static constexpr qint64 MaximumSize = Q_INT64_C(16) * 1024 * 1024;
     static constexpr int MaximumEvents = 250000;
 
     /// Makes the file, which must not be there yet. What is wrong, or nothing.

@@ -192,8 +192,12 @@ void Transcript::addOrder(const QVector<int> &heard)
     const QSet<int> present(heard.cbegin(), heard.cend());
     QVector<int> replayed;
     QVector<int> absent;
-    for (const int index : qAsConst(m_order))
-        (present.contains(index) ? replayed : absent).append(index);
+    for (const int index : qAsConst(m_order)) {
+        if (present.contains(index))
+            replayed.append(index);
+        else
+            absent.append(index);
+    }
     if (replayed == heard)
         return;
     QJsonArray bssids;

@@ -251,8 +251,8 @@ void TestSimulatedPlugin::badScenarioIsReportedOnceAndHasNoInterface_data()
                               << QStringLiteral(" is not JSON: missing name separator in line 1.");
     QTest::newRow("a field")
         << QByteArray(R"({"networks":[{"ssid":"A","bssid":"02:00:00:00:00:01","channel":"x"}]})")
-        << QStringLiteral(
-               ", line 1, field networks[0].channel: must be a whole number from 1 to 233, not \"x\".");
+        << QStringLiteral(", line 1, field networks[0].channel: must be a whole number from 1 to "
+                          "233, not \"x\".");
     QTest::newRow("several mistakes: the first")
         << QByteArray(R"({"seed":-1,"events":5})")
         << QStringLiteral(
