@@ -164,6 +164,9 @@ void TestWrongBackends::whatWasSaidBeforeACrashIsShown()
     QVERIFY(complaining.output().contains("  critical: The radio is on fire\n"));
     CheckerRun fatal(faulty(QStringLiteral("fatal")));
     QVERIFY(fatal.finish());
+    CheckerRun mumbling(faulty(QStringLiteral("mumbleandcrash")));
+    QVERIFY(mumbling.finish());
+    QVERIFY(mumbling.output().contains("\nIts standard output\n  no line feed\n"));
     QVERIFY(fatal.output().contains("  fatal: The radio \\x1b[31mexploded\n"));
 }
 

@@ -96,6 +96,11 @@ const QMap<QString, void (*)()> acts{
     {QStringLiteral("stop"), [] { std::raise(SIGSTOP); }},
     {QStringLiteral("print"), [] { std::printf("{\"result\": \"heard\x1b[2J\"}\n"); }},
     {QStringLiteral("mumble"), [] { std::printf("no line feed"); }},
+    {QStringLiteral("mumbleandcrash"),
+        [] {
+            std::printf("no line feed");
+            std::raise(SIGSEGV);
+        }},
     {QStringLiteral("flood"),
         [] {
             for (int i = 0; i < 20000; ++i)
