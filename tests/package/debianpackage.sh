@@ -37,7 +37,7 @@ diff "$TMPDIR/expected" "$TMPDIR/packaged"
 depends=$(dpkg-deb --field "$package" Depends)
 for library in libc6 libqt5core5 libqt5dbus5 libqt5gui5 libqt5network5 libqt5widgets5 \
     libqwt-qt5-6 libnl-3-200 libnl-genl-3-200; do
-    grep -qE "(^|, )$library( |,|$)" <<<"$depends" || fail "does not depend on $library: $depends"
+    grep -qE "(^|, )$library(a|t64)?( |,|$)" <<<"$depends" || fail "does not depend on $library: $depends"
 done
 
 dpkg-deb --extract "$package" "$TMPDIR/extracted"
@@ -48,7 +48,9 @@ gzip -dc "$TMPDIR/extracted/usr/share/man/man1/airlume.1.gz" |
     grep -q '^\.Dl QT_PLUGIN_PATH=/usr/libexec/airlume/simulated airlume$' ||
     fail "the manual page does not name the package's folder"
 
-# lintian does not run as root without being told so.
-options=(--fail-on 'error,warning' --tag-display-limit 0)
+# lintian does not run as root without being told so. What newer versions of it have from
+# appstreamcli, metadata.sh looks at.
+options=(--fail-on none --tag-display-limit 0)
 [ "$(id -u)" != 0 ] || options+=(--allow-root)
-lintian "${options[@]}" "$package"
+lintian "${options[@]}" "$package" | tee "$TMPDIR/lintian"
+! grep -E '^[EW]: ' "$TMPDIR/lintian" | grep -v ': appstream-metadata-validation-failed '
