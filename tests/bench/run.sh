@@ -44,7 +44,7 @@ cmake --build "$build" --target "${names[@]}" >"$log" 2>&1 || { cat "$log" >&2 &
 # A window system makes a window cost what it costs users; without one it costs next to nothing.
 display=() platform=offscreen
 if command -v xvfb-run >/dev/null; then
-    display=(env QT_QPA_PLATFORM=xcb xvfb-run -a -s '-screen 0 1400x900x24')
+    display=(env QT_QPA_PLATFORM=xcb xvfb-run -a -s '-dpi 96 -screen 0 1400x900x24')
     platform='xcb, under a virtual display'
 fi
 printf 'Platform: %s. Processors: %s. Load before: %s\n' \
