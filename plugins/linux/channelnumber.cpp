@@ -1,5 +1,7 @@
 #include "linux/channelnumber.h"
 
+#include "scan/wifiapicontract.h"
+
 #include <algorithm>
 
 namespace LinuxWifi
@@ -19,9 +21,9 @@ int channelOfFrequency(std::uint32_t megahertz)
     if (frequency == 2484) // Japan's channel 14 lies off the grid
         return 14;
     if (frequency == 5935) // so does the lowest of 6 GHz
-        return SixGigahertzOffset + 2;
+        return ScanChannel6GHz + 2;
     if (megahertz >= LowestSixGigahertz)
-        return SixGigahertzOffset + (frequency - 5950) / 5;
+        return ScanChannel6GHz + (frequency - 5950) / 5;
     int channel = 0;
     if (frequency < 2484)
         channel = (frequency - 2407) / 5;

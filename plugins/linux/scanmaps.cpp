@@ -18,20 +18,19 @@ QString shownName(const AccessPoint &accessPoint)
 ScanMap scanMap(const AccessPoint &accessPoint)
 {
     return {
-        {QStringLiteral("ssid"), shownName(accessPoint)},
-        {QStringLiteral("bssid"), accessPoint.bssid},
-        {QStringLiteral("channel"), QString::number(accessPoint.channel)},
-        {QStringLiteral("current_connected"), QStringLiteral("0")},
-        {QStringLiteral("security_mode"), accessPoint.security},
-        {QStringLiteral("WLAN_NETWORK_SIGNAL"),
-            QString::number(accessPoint.signal.value_or(UnknownSignal))},
+        {ScanKey::Ssid, shownName(accessPoint)},
+        {ScanKey::Bssid, accessPoint.bssid},
+        {ScanKey::Channel, QString::number(accessPoint.channel)},
+        {ScanKey::Connected, QStringLiteral("0")},
+        {ScanKey::Security, accessPoint.security},
+        {ScanKey::Signal, QString::number(accessPoint.signal.value_or(UnknownSignal))},
     };
 }
 
 void markJoined(
     ScanMap &map, const AccessPoint &accessPoint, const std::optional<StationLink> &link)
 {
-    map[QStringLiteral("current_connected")] = QStringLiteral("1");
+    map[ScanKey::Connected] = ScanJoined;
     if (!link)
         return;
     LinkCounters counters;
@@ -42,9 +41,9 @@ void markJoined(
     if (!counters.rate)
         counters.rate = link->rate;
     if (counters.signal)
-        map[QStringLiteral("WLAN_NETWORK_SIGNAL")] = QString::number(*counters.signal);
+        map[ScanKey::Signal] = QString::number(*counters.signal);
     if (counters.rate)
-        map[QStringLiteral("link_rate")] = QString::number(*counters.rate);
+        map[ScanKey::LinkRate] = QString::number(*counters.rate);
 }
 } // namespace
 
