@@ -29,8 +29,8 @@ while [ $# -gt 0 ]; do
     esac
     shift
 done
-install_packages "what the pictures need" "${build_packages[@]}" fontconfig fonts-noto-core \
-    fonts-noto-cjk fonts-noto-color-emoji
+install_packages "what the pictures need" "${build_packages[@]}" xvfb xauth fontconfig \
+    fonts-noto-core fonts-noto-cjk fonts-noto-color-emoji
 if [ -z "$build" ]; then
     build=$here/build/release
     build_preset release
@@ -43,7 +43,7 @@ folder=$(cd "$folder" && pwd)
 # A folder of our own for the local servers and the room file, so that no running Airlume is met.
 work=$(mktemp -d /tmp/airlume-pictures.XXXXXX)
 trap 'rm -rf "$work"' EXIT
-export TMPDIR=$work HOME=$work QT_QPA_PLATFORM=offscreen
+export TMPDIR=$work HOME=$work QT_QPA_PLATFORM=xcb
 export QT_PLUGIN_PATH="$build/plugins/screenshots:$build/plugins/simulated"
 export QT_QPA_GENERIC_PLUGINS=airlumescreenshots
 cp "$build/bin/airlume" "$work/airlume"
@@ -62,7 +62,8 @@ export FONTCONFIG_FILE=$work/fonts.conf
 take() {
     mkdir -p "$work/pictures"
     AIRLUME_SCREENSHOTS=$work/pictures AIRLUME_SCREENSHOTS_AFTER=$1 \
-        AIRLUME_SCREENSHOTS_NETWORKS=$2 "$work/airlume" >"$work/log" 2>&1 ||
+        AIRLUME_SCREENSHOTS_NETWORKS=$2 \
+        xvfb-run -a -s '-screen 0 1280x800x24' "$work/airlume" >"$work/log" 2>&1 ||
         { cat "$work/log" >&2 && fail "Airlume failed"; }
 }
 
