@@ -4,42 +4,22 @@
 #include "linux/managerrequester.h"
 #include "support/backends/testbackend.h"
 
-#include <memory>
-
 namespace
 {
-struct Members {
-    LinuxWifi::BackgroundThread thread;
-    LinuxWifi::ManagerRequester requester{thread};
+class Asking : public Kind
+{
+public:
+    bool query(QString &nic, QList<ScanMap> &networks) override
+    {
+        m_requester.takeAnswer();
+        m_requester.request(QStringLiteral("wlan0"));
+        return Kind::query(nic, networks);
+    }
+
+private:
+    LinuxWifi::BackgroundThread m_thread;
+    LinuxWifi::ManagerRequester m_requester{m_thread};
 };
-std::unique_ptr<Members> members;
 } // namespace
 
-namespace Kind
-{
-
-void prepare()
-{
-    members = std::make_unique<Members>();
-}
-
-bool list(QStringList &nics)
-{
-    nics.append(QStringLiteral("wlan0"));
-    return true;
-}
-
-bool isUsable(const QString &)
-{
-    return true;
-}
-
-bool query(QString &, QList<ScanMap> &networks)
-{
-    members->requester.takeAnswer();
-    members->requester.request(QStringLiteral("wlan0"));
-    networks += Air::networks(3);
-    return true;
-}
-
-} // namespace Kind
+AIRLUME_TEST_KIND(Asking)
