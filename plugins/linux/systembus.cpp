@@ -12,6 +12,7 @@ namespace
 {
 const QString BusService = QStringLiteral("org.freedesktop.DBus");
 const QString BusPath = QStringLiteral("/org/freedesktop/DBus");
+const QString OwnerSignal = QStringLiteral("NameOwnerChanged");
 
 bool succeeded(const QDBusMessage &reply)
 {
@@ -56,6 +57,11 @@ void SystemBus::close()
     m_calls.clear();
     if (m_connection.isEmpty())
         return;
+    // This one goes through the D-Bus library's thread and returns when all calls before it have
+    // been sent; one that has not would be lost with the connection, and its memory too.
+    QDBusConnection(m_connection)
+        .disconnect(QString(), BusPath, BusService, OwnerSignal, this,
+            SLOT(onNameOwnerChanged(QString, QString, QString)));
     QDBusConnection::disconnectFromPeer(m_connection);
     m_connection.clear();
 }
@@ -86,14 +92,13 @@ void SystemBus::sayHello()
 
 void SystemBus::watchNames()
 {
-    const QString signal = QStringLiteral("NameOwnerChanged");
     QDBusConnection(m_connection)
-        .connect(QString(), BusPath, BusService, signal, this,
+        .connect(QString(), BusPath, BusService, OwnerSignal, this,
             SLOT(onNameOwnerChanged(QString, QString, QString)));
     for (const QString &service : qAsConst(m_services)) {
         const QString rule =
             QStringLiteral("type='signal',sender='%1',interface='%1',member='%2',arg0='%3'")
-                .arg(BusService, signal, service);
+                .arg(BusService, OwnerSignal, service);
         callBus("AddMatch", {rule}, [](const QDBusMessage &) {});
     }
 }
