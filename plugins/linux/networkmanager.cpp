@@ -16,7 +16,7 @@ const QString Service = QStringLiteral("org.freedesktop.NetworkManager");
 const QString ManagerPath = QStringLiteral("/org/freedesktop/NetworkManager");
 const QString DeviceInterface = QStringLiteral("org.freedesktop.NetworkManager.Device");
 const QString WirelessInterface = QStringLiteral("org.freedesktop.NetworkManager.Device.Wireless");
-const uint Unmanaged = 20; // of NMDeviceState
+const uint Unmanaged = 10; // of NMDeviceState
 
 const QVector<ErrorMeaning> Meanings = {
     {"org.freedesktop.NetworkManager.PermissionDenied", Result::NotPermitted},
