@@ -156,8 +156,10 @@ std::optional<WifiInterface> Backend::best(QVector<InterfaceCandidate> candidate
     // Who scans matters only where nothing else tells which of several to take.
     if (std::count_if(candidates.cbegin(), candidates.cend(), usable) > 1 &&
         std::none_of(candidates.cbegin(), candidates.cend(), joined)) {
-        for (InterfaceCandidate &candidate : candidates)
+        for (InterfaceCandidate &candidate : candidates) {
             candidate.scanned = candidate.usable && scanned(candidate.interface.index);
+            candidate.unmanaged = m_starter.isUnmanaged(candidate.interface.index);
+        }
     }
     return m_choice.choose(candidates);
 }

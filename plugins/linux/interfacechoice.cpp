@@ -8,8 +8,10 @@ namespace
 int merit(const InterfaceCandidate &candidate)
 {
     if (!candidate.interface.joinedName.isEmpty())
+        return 3;
+    if (candidate.scanned)
         return 2;
-    return candidate.scanned ? 1 : 0;
+    return candidate.unmanaged ? 0 : 1;
 }
 } // namespace
 

@@ -10,11 +10,12 @@ namespace LinuxWifi
 struct InterfaceCandidate {
     WifiInterface interface;
     bool usable = false;
-    bool scanned = false; ///< Somebody scans with it.
+    bool scanned = false;   ///< Somebody scans with it.
+    bool unmanaged = false; ///< Nobody would scan with it.
 };
 
 /// Which of several interfaces is listened with: the one that is joined, or else one that somebody
-/// scans. Stays with its choice while none is better. Pure.
+/// scans, or else would. Stays with its choice while none is better. Pure.
 class InterfaceChoice
 {
 public:

@@ -28,6 +28,10 @@ void ScanStarter::takeAnswer()
     const std::optional<ScanAnswer> answer = m_requester.takeAnswer();
     if (!answer)
         return;
+    if (answer->result == ScanAnswer::Result::NoInterface)
+        m_unmanaged.insert(m_requested.index);
+    else
+        m_unmanaged.remove(m_requested.index);
     if (answer->result == ScanAnswer::Result::Accepted) {
         m_unready = false;
         m_policy.accepted(m_requested.index);
@@ -80,6 +84,18 @@ bool ScanStarter::scan(
     m_requested = interface;
     m_requester.request(interface.name);
     return true;
+}
+
+void ScanStarter::forget(int index)
+{
+    m_policy.forget(index);
+    m_unmanaged.remove(index);
+}
+
+void ScanStarter::forgetAll()
+{
+    m_policy.forgetAll();
+    m_unmanaged.clear();
 }
 
 } // namespace LinuxWifi

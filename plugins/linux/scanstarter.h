@@ -6,6 +6,8 @@
 #include "linux/scanrequester.h"
 #include "linux/scantriggerpolicy.h"
 
+#include <QSet>
+
 namespace LinuxWifi
 {
 
@@ -26,9 +28,12 @@ public:
     bool scan(
         const WifiInterface &interface, ScanTriggerPolicy::Use use, std::optional<qint64> running);
 
+    /// Those who run said when asked last that none of them manages the interface.
+    bool isUnmanaged(int index) const { return m_unmanaged.contains(index); }
+
     /// The interface cannot be used at present, or is gone.
-    void forget(int index) { m_policy.forget(index); }
-    void forgetAll() { m_policy.forgetAll(); }
+    void forget(int index);
+    void forgetAll();
 
 private:
     WifiKernel &m_kernel;
@@ -39,6 +44,7 @@ private:
     bool m_mayTrigger = true;  ///< Until the kernel says that this user may not.
     WifiInterface m_requested; ///< The interface that a scan was requested for.
     bool m_unready = false;    ///< The last answer was that the interface cannot scan yet.
+    QSet<int> m_unmanaged;     ///< Interfaces.
 };
 
 } // namespace LinuxWifi

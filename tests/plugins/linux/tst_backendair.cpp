@@ -75,6 +75,7 @@ private slots:
     void roamingKeepsTheOrder();
     void leavingIsSeenAtOnce();
     void interfaceThatIsScannedIsTaken();
+    void interfaceThatNobodyManagesIsLeft();
 };
 
 void TestBackendAir::interfaceInUseIsWatched()
@@ -254,6 +255,35 @@ void TestBackendAir::interfaceThatIsScannedIsTaken()
     QStringList names;
     l.backend.interfaceNames(names);
     QCOMPARE(names, list("wlan0 wlan1"));
+}
+
+void TestBackendAir::interfaceThatNobodyManagesIsLeft()
+{
+    // Whoever manages the second one does not scan by itself.
+    Listening l;
+    l.kernel.add(3, "wlan1");
+    l.kernel.m_triggerError = EPERM;
+    l.answer();
+    QCOMPARE(l.requester.m_requested, list("wlan0"));
+    l.requester.m_answer =
+        ScanAnswer{ScanAnswer::Result::NoInterface, QString(), Manager::WpaSupplicant};
+    l.answer();
+    QCOMPARE(l.events.m_watched, 3);
+    QCOMPARE(l.requester.m_requested, list("wlan0 wlan1"));
+    QCOMPARE(l.problems, QStringList());
+    // Neither is managed: there it stays.
+    l.requester.m_answer =
+        ScanAnswer{ScanAnswer::Result::NoInterface, QString(), Manager::WpaSupplicant};
+    for (int i = 0; i < 5; ++i) {
+        l.answer();
+        QCOMPARE(l.events.m_watched, 3);
+    }
+    // The first one was switched off and on: it may have a manager now.
+    l.kernel.m_states[QStringLiteral("wlan0")].up = false;
+    l.answer();
+    l.kernel.m_states[QStringLiteral("wlan0")].up = true;
+    l.answer();
+    QCOMPARE(l.events.m_watched, Interface);
 }
 
 QTEST_GUILESS_MAIN(TestBackendAir)

@@ -6,7 +6,8 @@ using namespace LinuxWifi;
 
 namespace
 {
-InterfaceCandidate candidate(int index, bool usable, bool joined = false, bool scanned = false)
+InterfaceCandidate candidate(
+    int index, bool usable, bool joined = false, bool scanned = false, bool unmanaged = false)
 {
     InterfaceCandidate result;
     result.interface.index = index;
@@ -14,6 +15,7 @@ InterfaceCandidate candidate(int index, bool usable, bool joined = false, bool s
     result.interface.joinedName = joined ? QStringLiteral("Home") : QString();
     result.usable = usable;
     result.scanned = scanned;
+    result.unmanaged = unmanaged;
     return result;
 }
 
