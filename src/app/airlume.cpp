@@ -1,6 +1,7 @@
 #include "app/airlume.h"
 
 #include "app/placement.h"
+#include "app/windowaccessible.h"
 #include "channels/channelinterfacewgt.h"
 #include "common/QtCommonTools.h"
 #include "common/diagnostics.h"
@@ -46,6 +47,7 @@ bool systemPlacesWindows()
 Airlume::Airlume(QWidget *parent)
     : QWidget(parent)
 {
+    installWindowAccessible();
     installEventFilter(this);
     setMinimumWidth(SmallestWindow.width());
     setObjectName(QStringLiteral("Airlume"));
@@ -313,6 +315,7 @@ void Airlume::slotChangeLanguage()
     if (m_pTabWidget->count() >= 4) {
         for (int tab = 0; tab < 4; ++tab)
             m_pTabWidget->setTabText(tab, QtCommonTools::tr(titles[tab]));
+        nameTabs();
     }
     if (!m_pHomeTesting) {
         AIRLUME_NULL_POINT();

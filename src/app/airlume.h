@@ -84,6 +84,7 @@ private:
     QPushButton *makeCaptionButton(const char *objectName, const char *accessibleName);
     bool buildListArea(QBoxLayout *column);
     bool buildTabs(QBoxLayout *column);
+    void nameTabs();
     QFrame *buildStatusBar();
     void connectViews();
     void createThreads();

@@ -78,6 +78,7 @@ QFrame *Airlume::buildTitleBar()
 
     m_pLogo = new QLabel;
     m_pLogo->setObjectName(QStringLiteral("logo"));
+    m_pLogo->setAccessibleName(QStringLiteral("Airlume"));
     m_pLogo->setMinimumHeight(TitleHeight);
     // The style sheet draws the picture.
     row->addWidget(m_pLogo);
@@ -170,6 +171,7 @@ bool Airlume::buildTabs(QBoxLayout *column)
     column->addLayout(row);
     m_pTabWidget = new QTabWidget;
     m_pTabWidget->setObjectName(QStringLiteral("tabWidget"));
+    m_pTabWidget->setAccessibleName(QStringLiteral("Views"));
     m_pTabWidget->setMinimumHeight(200);
     row->addWidget(m_pTabWidget);
 
@@ -206,7 +208,15 @@ bool Airlume::buildTabs(QBoxLayout *column)
         return false;
     }
     m_pTabWidget->addTab(m_pHomeTesting, QtCommonTools::tr(LanguageLabels::m_strHomeTestTitle));
+    nameTabs();
     return true;
+}
+
+/// Each tab has the name that its title shows.
+void Airlume::nameTabs()
+{
+    for (int tab = 0; tab < m_pTabWidget->count(); ++tab)
+        m_pTabWidget->widget(tab)->setAccessibleName(m_pTabWidget->tabText(tab));
 }
 
 QFrame *Airlume::buildStatusBar()

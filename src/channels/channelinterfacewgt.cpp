@@ -270,6 +270,7 @@ void ChannelInterfaceWgt::AddChannelRow(
     QProgressBar *bar = new QProgressBar(sheet);
     setUpBar(bar);
     bar->setValue(qMin(property.networkCount, FullBar));
+    bar->setAccessibleName(QtCommonTools::tr(LanguageLabels::m_strLstHeadNetworkConnCount));
     grid->addWidget(bar, row, BarColumn, Qt::AlignCenter);
 
     QLabel *count = plainLabel(QString::number(property.networkCount), sheet);
@@ -296,6 +297,10 @@ void ChannelInterfaceWgt::ChangeLanguage()
     m_pChannelCaption->setText(QtCommonTools::tr(LanguageLabels::m_strLangCurrentChannel));
     m_pCountCaption->setText(QtCommonTools::tr(LanguageLabels::m_strLangChannelConn));
     m_pRecommendedCaption->setText(QtCommonTools::tr(LanguageLabels::m_strLangRecommendedTags));
+    if (m_pCountBar)
+        m_pCountBar->setAccessibleName(m_pCountCaption->text());
+    if (m_pListArea)
+        m_pListArea->setAccessibleName(QtCommonTools::tr(LanguageLabels::m_strLstHeadChannel));
 }
 
 void ChannelInterfaceWgt::slotUpdateWindowSize()

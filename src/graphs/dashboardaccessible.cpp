@@ -18,7 +18,7 @@ QAccessibleInterface *create(const QString &className, QObject *object)
 } // namespace
 
 DashboardAccessible::DashboardAccessible(SignalStrengthDashboard *dashboard)
-    : QAccessibleWidget(dashboard, QAccessible::Indicator)
+    : QAccessibleWidget(dashboard, QAccessible::ProgressBar)
 {
 }
 

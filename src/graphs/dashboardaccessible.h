@@ -6,7 +6,8 @@
 class SignalStrengthDashboard;
 
 /// Tells assistive technology what the gauge shows: the signal in dBm and per cent, and whether the
-/// computer is joined to a network.
+/// computer is joined to a network. As a progress bar: readers know how to tell one as it moves,
+/// whereas the bus has no word for an indicator.
 class DashboardAccessible : public QAccessibleWidget, public QAccessibleValueInterface
 {
 public:

@@ -1,5 +1,6 @@
 #include "graphs/plotlook.h"
 
+#include "graphs/graphaccessible.h"
 #include "graphs/networkname.h"
 #include "graphs/plotcanvas.h"
 #include "graphs/signalscaledraw.h"
@@ -29,6 +30,10 @@ void setUpCanvas(QwtPlot *plot)
     plot->plotLayout()->setAlignCanvasToScales(true);
     plot->setCanvasBackground(QBrush(Qt::white));
     canvas->setCursor(Qt::ArrowCursor);
+    GraphAccessible::install();
+    // By Tab, to hear what it draws. The canvas would take the focus for the tracker's sake.
+    plot->setFocusPolicy(Qt::TabFocus);
+    canvas->setFocusProxy(plot);
 }
 
 int setUpBottomLabels(QwtPlot *plot)

@@ -14,7 +14,8 @@ namespace PlotLook
 /// Period of the graphs' repaint timers in ms.
 const int TickMs = 3000;
 
-/// Switches auto-replot off and gives `plot` its white canvas with round corners.
+/// Switches auto-replot off and gives `plot` its white canvas with round corners, and the keyboard
+/// a way to it.
 void setUpCanvas(QwtPlot *plot);
 
 /// Centres the labels of the bottom axis below their ticks and makes room for half a label.

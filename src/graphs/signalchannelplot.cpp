@@ -3,6 +3,7 @@
 #include "graphs/apexmarker.h"
 #include "graphs/curvecolors.h"
 #include "graphs/emptynotice.h"
+#include "graphs/graphaccessible.h"
 #include "graphs/namespread.h"
 #include "graphs/networkname.h"
 #include "graphs/plotlook.h"
@@ -149,6 +150,7 @@ void SignalChannelPlot::timerEvent(QTimerEvent *)
             entry.curve->setSamples(entry.points);
     }
     replot();
+    GraphAccessible::tell(this);
 }
 
 void SignalChannelPlot::replot()

@@ -2,6 +2,7 @@
 
 #include "graphs/curvecolors.h"
 #include "graphs/emptynotice.h"
+#include "graphs/graphaccessible.h"
 #include "graphs/plotlook.h"
 #include "graphs/signallegend.h"
 #include "graphs/timescaledraw.h"
@@ -110,6 +111,7 @@ void SignalTimePlot::timerEvent(QTimerEvent *)
             entry.curve->setRawSamples(timeData.data(), entry.samples->data(), entry.count);
     }
     replot();
+    GraphAccessible::tell(this);
 }
 
 void SignalTimePlot::replot()

@@ -50,6 +50,7 @@ void HomeTestingPopupDlg::Init()
     QVBoxLayout *rows = new QVBoxLayout(this);
     m_pTitleLabel = new QLabel(QtCommonTools::tr(m_strTitleKey), this);
     m_pTitleLabel->setTextFormat(Qt::PlainText);
+    setAccessibleName(m_pTitleLabel->text());
     QtCommonTools::SetFontSize(m_pTitleLabel, TitlePointSize);
     // A minimum width of the dialog itself would keep it from growing with a long error.
     const QMargins margins = rows->contentsMargins();
@@ -90,6 +91,7 @@ void HomeTestingPopupDlg::InitNameRow(QVBoxLayout *rows)
     m_pNameLabel = new QLabel(QtCommonTools::tr(LanguageLabels::m_strHomeDlgRoomName), this);
     m_pNameLabel->setTextFormat(Qt::PlainText);
     m_pNameEdit = new QLineEdit(this);
+    m_pNameEdit->setAccessibleName(m_pNameLabel->text());
     m_pNameEdit->setFixedHeight(NameEditHeight);
     FitNameFont();
     m_pNameEdit->setMinimumWidth(NameEditMinimumWidth);
@@ -146,13 +148,16 @@ void HomeTestingPopupDlg::ChangeLanguage()
         return;
     }
     m_pTitleLabel->setText(QtCommonTools::tr(m_strTitleKey));
+    setAccessibleName(m_pTitleLabel->text());
     if (m_pMessageLabel->text() != LanguageLabels::m_strEmpty)
         m_pMessageLabel->setText(redForm(QtCommonTools::tr(m_strErrorKey)));
     if (!IsDeleteMode()) {
-        if (m_pNameLabel)
+        if (m_pNameLabel && m_pNameEdit) {
             m_pNameLabel->setText(QtCommonTools::tr(LanguageLabels::m_strHomeDlgRoomName));
-        else
+            m_pNameEdit->setAccessibleName(m_pNameLabel->text());
+        } else {
             AIRLUME_NULL_POINT();
+        }
     }
     m_pOkBtn->setText(QtCommonTools::tr(LanguageLabels::m_strHomeDlgOk));
     m_pCancelBtn->setText(QtCommonTools::tr(LanguageLabels::m_strHomeDlgCancel));
@@ -198,6 +203,9 @@ void HomeTestingPopupDlg::ShowError(const QString &key)
         return;
     }
     m_pMessageLabel->setText(redForm(QtCommonTools::tr(key)));
+    // Read out at once: the focus is there.
+    if (m_pNameEdit)
+        m_pNameEdit->setAccessibleDescription(QtCommonTools::tr(key));
 }
 
 void HomeTestingPopupDlg::CloseWithoutError()
@@ -206,6 +214,8 @@ void HomeTestingPopupDlg::CloseWithoutError()
         m_pMessageLabel->setText(LanguageLabels::m_strEmpty);
     else
         AIRLUME_NULL_POINT();
+    if (m_pNameEdit)
+        m_pNameEdit->setAccessibleDescription(LanguageLabels::m_strEmpty);
     hide();
 }
 

@@ -3,6 +3,8 @@
 #include "common/QtCommonTools.h"
 #include "common/airtext.h"
 #include "common/diagnostics.h"
+#include "common/tableaccessible.h"
+#include "common/tablecellaccessible.h"
 
 #include <QHeaderView>
 #include <QHelpEvent>
@@ -36,6 +38,19 @@ QString elideLines(const QString &text, const QFontMetrics &metrics, int width)
     for (QString &line : lines)
         line = metrics.elidedText(line, Qt::ElideRight, width);
     return lines.join(QChar::LineSeparator);
+}
+
+QAccessibleInterface *createAccessible(const QString &className, QObject *object)
+{
+    if (className == QLatin1String("LineTableWidget")) {
+        auto *table = qobject_cast<LineTableWidget *>(object);
+        return table
+                   ? new TableAccessible(table, table->horizontalHeader(), table->verticalHeader())
+                   : nullptr;
+    }
+    if (className == QLatin1String("HomeTestingBtnWgt"))
+        return new CellWidgetAccessible(qobject_cast<QWidget *>(object), QAccessible::Grouping);
+    return nullptr;
 }
 } // namespace
 
@@ -110,6 +125,7 @@ bool QLineDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
 LineTableWidget::LineTableWidget(QWidget *parent)
     : QTableWidget(parent)
 {
+    QAccessible::installFactory(createAccessible);
     setStyleSheet(QStringLiteral("QTableView{selection-background-color: rgb(130, 127, 146);"
                                  "background-image: url(:/images/HomeTestLstBK.png);}"));
     setShowGrid(false);

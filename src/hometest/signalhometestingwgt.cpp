@@ -160,6 +160,7 @@ void SignalHomeTestingWgt::AddEmptyRowToTabwgt()
     m_pTable->setItem(row, RoomColumn, room);
     QTableWidgetItem *test = new QTableWidgetItem;
     test->setTextAlignment(Qt::AlignVCenter);
+    test->setData(Qt::AccessibleTextRole, QtCommonTools::tr(LanguageLabels::m_strHomeTest));
     m_pTable->setItem(row, TestColumn, test);
 
     HomeTestingBtnWgt *testBtn = new HomeTestingBtnWgt(m_pTable);
@@ -390,6 +391,8 @@ void SignalHomeTestingWgt::ChangeLanguage()
     m_pEditDlg->ChangeLanguage();
     m_pDelDlg->ChangeLanguage();
     for (int row = 0; row < m_pTable->rowCount(); ++row) {
+        m_pTable->item(row, TestColumn)
+            ->setData(Qt::AccessibleTextRole, QtCommonTools::tr(LanguageLabels::m_strHomeTest));
         HomeTestingBtnWgt *testBtn = TestBtnWgt(row);
         if (testBtn)
             testBtn->ChangeLanguage();

@@ -1,6 +1,7 @@
 #include "netlist/signalmode.h"
 
 #include "common/QtCommonTools.h"
+#include "common/airtext.h"
 #include "i18n/languagelabels.h"
 #include "netlist/signalitems.h"
 
@@ -232,14 +233,51 @@ QVariant SignalMode::data(const QModelIndex &index, int role) const
     if (index.isValid() && index.column() == TickColumn) {
         if (role == Qt::CheckStateRole)
             return isTicked(index.row()) ? Qt::Checked : Qt::Unchecked;
-        if (role == Qt::AccessibleTextRole)
-            return ssidAt(index.row());
     } else if (role == Qt::FontRole && index.isValid() && isJoined(index.row())) {
         QFont font;
         font.setBold(true);
         return font;
     }
+    if (role == Qt::AccessibleTextRole && index.isValid())
+        return spokenText(index);
+    if (role == Qt::AccessibleDescriptionRole && index.isValid() && index.column() <= SsidColumn)
+        return spokenRow(index.row());
     return QStandardItemModel::data(index, role);
+}
+
+QString SignalMode::spokenText(const QModelIndex &cell) const
+{
+    QString text = cell.data().toString();
+    switch (cell.column()) {
+    case TickColumn:
+    case SsidColumn:
+        text = ssidAt(cell.row());
+        // Whoever hides the name is known by the address.
+        if (text.trimmed().isEmpty())
+            text = cell.siblingAtColumn(BssidColumn).data().toString();
+        break;
+    case SignalColumn:
+        text += QLatin1String(" dBm");
+        break;
+    case ChannelColumn:
+        text.prepend(QtCommonTools::tr(LanguageLabels::m_strLangHeadChannel) + QLatin1Char(' '));
+        break;
+    default:
+        break;
+    }
+    return AirText::ForDisplay(text);
+}
+
+/// What stands beside the name.
+QString SignalMode::spokenRow(int row) const
+{
+    QStringList texts;
+    for (int column : {SignalColumn, ChannelColumn, SecurityColumn}) {
+        const QString text = spokenText(index(row, column));
+        if (!text.isEmpty())
+            texts.append(text);
+    }
+    return texts.join(QLatin1String(", "));
 }
 
 void SignalMode::EmptyWifiPropertyMap()

@@ -50,8 +50,9 @@ public:
     /// Ticks or unticks a row (column 0; true or false) and tells the graphs. Everything else is
     /// left as it is. Always true.
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
-    /// As the base, with the tick as check state and the SSID as accessible text of column 0, whose
-    /// picture is painted by a delegate, and a bold font for the texts of the joined network.
+    /// As the base, with the tick as check state of column 0, whose picture is painted by a
+    /// delegate, a bold font for the texts of the joined network, and texts for those who do not
+    /// see the list: a cell of its own is understood, and a name stands for its row.
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
 
     /// Forgets all networks and removes all rows.
@@ -75,6 +76,8 @@ private:
     void addRow(const WifiProperty &network);
     void setTick(const QModelIndex &index, bool ticked);
     bool isJoined(int row) const;
+    QString spokenText(const QModelIndex &cell) const;
+    QString spokenRow(int row) const;
     void tellFont(const QString &ssid);
 
     QMap<int, QString> m_rowSsidMap;

@@ -2,6 +2,8 @@
 
 #include "common/QtCommonTools.h"
 #include "common/diagnostics.h"
+#include "common/tableaccessible.h"
+#include "common/tablecellaccessible.h"
 #include "netlist/mysortfilterproxymodel.h"
 
 #include <QCheckBox>
@@ -20,12 +22,25 @@ const int HeaderHeight = 22;
 const int CheckAllSide = 16;
 /// Empty names in a row after the first before the list empties itself.
 const int EmptyNameLimit = 2;
+
+QAccessibleInterface *createAccessible(const QString &className, QObject *object)
+{
+    if (className == QLatin1String("SignalTreeView")) {
+        auto *list = qobject_cast<SignalTreeView *>(object);
+        return list ? new TableAccessible(list, list->header(), nullptr) : nullptr;
+    }
+    auto *box = qobject_cast<QCheckBox *>(object);
+    if (box && box->parent() && qobject_cast<SignalTreeView *>(box->parent()->parent()))
+        return new CellWidgetAccessible(box, QAccessible::CheckBox);
+    return nullptr;
+}
 } // namespace
 
 SignalTreeView::SignalTreeView(QWidget *parent)
     : QTreeView(parent)
     , m_proxy(new MySortFilterProxyModel(this))
 {
+    QAccessible::installFactory(createAccessible);
     QtCommonTools::SetFontSize(this, 11);
     m_proxy->setSourceModel(&m_model);
     setModel(m_proxy);
@@ -181,6 +196,25 @@ void SignalTreeView::keyPressEvent(QKeyEvent *event)
             currentIndex().siblingAtColumn(SignalMode::TickColumn), QItemSelectionModel::NoUpdate);
     }
     QTreeView::keyPressEvent(event);
+}
+
+void SignalTreeView::keyboardSearch(const QString &search)
+{
+    // The base searches the current column, from the row after the current one.
+    const QModelIndex before = currentIndex();
+    const int row = before.isValid() ? before.row() : m_proxy->rowCount() - 1;
+    const QModelIndex start = m_proxy->index(row, SignalMode::SsidColumn);
+    {
+        // Only a find is news.
+        const QSignalBlocker silence(selectionModel());
+        selectionModel()->setCurrentIndex(start, QItemSelectionModel::NoUpdate);
+    }
+    QTreeView::keyboardSearch(search);
+    const bool foundLast = !before.isValid() && selectionModel()->isSelected(start);
+    if (currentIndex() == start && before != start && !foundLast) {
+        const QSignalBlocker silence(selectionModel());
+        selectionModel()->setCurrentIndex(before, QItemSelectionModel::NoUpdate);
+    }
 }
 
 void SignalTreeView::EmptyWifiPropertyMap()

@@ -55,6 +55,8 @@ public slots:
 protected:
     /// As the base; Space and Select tick the current row whatever its current column.
     void keyPressEvent(QKeyEvent *event) override;
+    /// Finds names, whatever the current column.
+    void keyboardSearch(const QString &search) override;
 
 private:
     void setUpHeader();

@@ -332,7 +332,7 @@ void TestSignalStrengthDashboard::tellsSignalAndPercentage()
     QVERIFY(told);
     QTEST(told->text(QAccessible::Value), "told");
     QCOMPARE(told->text(QAccessible::Name), QStringLiteral("Signal Strength"));
-    QCOMPARE(told->role(), QAccessible::Indicator);
+    QCOMPARE(told->role(), QAccessible::ProgressBar);
     QAccessibleValueInterface *value = told->valueInterface();
     QVERIFY(value);
     QCOMPARE(value->currentValue().toInt(), signal);
