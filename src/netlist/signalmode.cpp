@@ -42,6 +42,11 @@ void SignalMode::retranslateUi()
     // Centred as the cells below them.
     for (int column : {SignalColumn, ChannelColumn, BssidColumn})
         horizontalHeaderItem(column)->setTextAlignment(Qt::AlignCenter);
+    // The spoken texts have the header's words in them.
+    if (rowCount() > 0) {
+        emit dataChanged(index(0, TickColumn), index(rowCount() - 1, BssidColumn),
+            {Qt::AccessibleTextRole, Qt::AccessibleDescriptionRole});
+    }
 }
 
 void SignalMode::ChangeLanguage()
