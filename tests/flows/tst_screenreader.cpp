@@ -20,6 +20,11 @@ const QByteArray Scenario = R"({
     "events": [ { "at": 60, "do": "leave" } ]
 })";
 
+// Qt asks once where the accessibility bus is, and now and then makes nothing of the answer; a copy
+// that is not on the bus by then never will be.
+const int Attempts = 10;
+const int AttemptMs = 5000;
+
 const QString Tick = QStringLiteral("check box");
 const QString All = QStringLiteral("Show all networks");
 } // namespace
@@ -40,7 +45,6 @@ private slots:
     void speaksTheLanguageOfTheProgram();
 
 private:
-    bool start();
     bool waitForTree(const std::function<bool(const SpokenNode &)> &reached);
     bool showTab(int tab) { return m_airlume->command(QStringLiteral("tab %1").arg(tab)); }
     SpokenNode row(const QString &name);
@@ -48,6 +52,7 @@ private:
 
     std::unique_ptr<Desktop> m_desktop;
     std::unique_ptr<ScreenReader> m_reader;
+    std::unique_ptr<HostSuite> m_host;
     std::unique_ptr<AirlumeProcess> m_airlume;
 };
 
@@ -56,33 +61,40 @@ void TestScreenReader::init()
     const QString missing = Desktop::missing(Desktop::X11);
     if (!missing.isEmpty())
         QSKIP(qPrintable(missing + QStringLiteral(" is not installed")));
-    m_desktop.reset(new Desktop(Desktop::X11, QSize(1400, 900)));
-    QVERIFY(m_desktop->start());
-    m_reader.reset(new ScreenReader);
-    QString error;
-    if (!m_reader->start(*m_desktop, &error))
-        QSKIP(qPrintable(error));
-    m_airlume.reset(new AirlumeProcess(QStringLiteral("plugins/simulated")));
-    m_airlume->setScenario(Scenario);
-    m_desktop->show(m_airlume.get());
-    m_reader->hear(m_airlume.get());
+    for (int attempt = 0; attempt < Attempts; ++attempt) {
+        cleanup();
+        m_desktop.reset(new Desktop(Desktop::X11, QSize(1400, 900)));
+        QVERIFY(m_desktop->start());
+        m_reader.reset(new ScreenReader);
+        QString error;
+        if (!m_reader->start(*m_desktop, &error))
+            QSKIP(qPrintable(error));
+        m_host.reset(new HostSuite);
+        m_airlume.reset(new AirlumeProcess(QStringLiteral("plugins/simulated")));
+        m_airlume->setScenario(Scenario);
+        m_desktop->show(m_airlume.get());
+        m_reader->hear(m_airlume.get());
+        QVERIFY2(m_airlume->start(), qPrintable(m_airlume->output()));
+        if (m_airlume->waitFor(
+                [&](const QJsonObject &) { return !m_reader->tree().isEmpty(); }, AttemptMs))
+            break;
+        if (attempt == Attempts - 1)
+            QSKIP("Qt did not find the accessibility bus");
+    }
+    // The list has all its rows and the gauge its value.
+    QVERIFY(waitForTree([](const SpokenNode &tree) {
+        const SpokenNode *gauge =
+            tree.find(QStringLiteral("progress bar"), QStringLiteral("Signal Strength"));
+        return tree.find(Tick, QStringLiteral("Home")) && gauge && gauge->value < 0;
+    }));
 }
 
 void TestScreenReader::cleanup()
 {
     m_airlume.reset();
+    m_host.reset();
     m_reader.reset();
     m_desktop.reset();
-}
-
-/// Waits until the list has all its rows and the gauge its value.
-bool TestScreenReader::start()
-{
-    return m_airlume->start() && waitForTree([](const SpokenNode &tree) {
-        const SpokenNode *gauge =
-            tree.find(QStringLiteral("progress bar"), QStringLiteral("Signal Strength"));
-        return tree.find(Tick, QStringLiteral("Home")) && gauge && gauge->value < 0;
-    });
 }
 
 bool TestScreenReader::waitForTree(const std::function<bool(const SpokenNode &)> &reached)
@@ -112,7 +124,6 @@ QString TestScreenReader::description(const QString &graph)
 
 void TestScreenReader::everythingThatTakesTheFocusHasNameAndRole()
 {
-    QVERIFY2(start(), qPrintable(m_airlume->output()));
     QVERIFY(m_reader->tree().find(QStringLiteral("frame"), QStringLiteral("Airlume")));
     for (int tab = 0; tab < 4; ++tab) {
         QVERIFY(showTab(tab));
@@ -159,7 +170,6 @@ void TestScreenReader::everythingThatTakesTheFocusHasNameAndRole()
 
 void TestScreenReader::rowTellsNameSignalChannelSecurityAndTick()
 {
-    QVERIFY2(start(), qPrintable(m_airlume->output()));
     SpokenNode attic = row(QStringLiteral("Attic"));
     QCOMPARE(attic.children.size(), 6);
     QCOMPARE(attic.children[0].role, Tick);
@@ -189,7 +199,6 @@ void TestScreenReader::rowTellsNameSignalChannelSecurityAndTick()
 
 void TestScreenReader::boxOfAllTicksAndGraphsTellWhatTheyDraw()
 {
-    QVERIFY2(start(), qPrintable(m_airlume->output()));
     const QString time = QStringLiteral("Signal over time");
     const QString low = QStringLiteral("Channels at 2.4 GHz");
     const QString high = QStringLiteral("Channels at 5 GHz");
@@ -222,7 +231,6 @@ void TestScreenReader::boxOfAllTicksAndGraphsTellWhatTheyDraw()
 
 void TestScreenReader::gaugeTellsItsValueAndThatItChanges()
 {
-    QVERIFY2(start(), qPrintable(m_airlume->output()));
     const QString bar = QStringLiteral("progress bar");
     const QString gauge = QStringLiteral("Signal Strength");
     SpokenNode tree = m_reader->tree();
@@ -243,10 +251,8 @@ void TestScreenReader::gaugeTellsItsValueAndThatItChanges()
 
 void TestScreenReader::speaksTheLanguageOfTheProgram()
 {
-    HostSuite host;
-    QVERIFY2(start(), qPrintable(m_airlume->output()));
-    QVERIFY(host.isAsked());
-    QVERIFY(host.sayLanguage("deu"));
+    QVERIFY(m_host->isAsked());
+    QVERIFY(m_host->sayLanguage("deu"));
     QVERIFY(m_airlume->waitFor(speaking(QStringLiteral("deu"))));
     const QString title = textIn(QStringLiteral("deu"), QStringLiteral("L_SIGNAL_GRAPH_TAB_NAME"));
     const QString channel = textIn(QStringLiteral("deu"), QStringLiteral("L_HEADER_CHANNEL"));

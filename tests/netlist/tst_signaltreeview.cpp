@@ -23,6 +23,8 @@ public:
     static void initMain() { qputenv("LC_ALL", "en_US.UTF-8"); }
 
 private slots:
+    void typingFindsNamesWhateverTheColumn_data();
+    void typingFindsNamesWhateverTheColumn();
     void initTestCase() { QtCommonTools::Init(); }
     void cleanupTestCase() { QtCommonTools::Release(); }
     void init();
@@ -370,6 +372,33 @@ void TestSignalTreeView::toolTipsShowHostileNamesHarmlessly()
     QVERIFY(!told.contains(QChar(0x202e)) && !told.contains(QChar(0x1b)));
     QVERIFY(told.contains(QStringLiteral(u"gnp.exe\u240a\u241b")));
     QVERIFY(toolTip(m_view->model()->index(2, SignalMode::SsidColumn)).size() < 300);
+}
+
+void TestSignalTreeView::typingFindsNamesWhateverTheColumn_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<int>("found");
+    QTest::newRow("from the ticks") << 0 << 0 << "c" << 2;
+    QTest::newRow("from the signals") << 0 << 2 << "b" << 1;
+    QTest::newRow("what the ticks say is no name") << 1 << 0 << "a" << 0;
+    QTest::newRow("nothing chosen yet") << -1 << -1 << "a" << 0;
+    QTest::newRow("nothing chosen yet, the last") << -1 << -1 << "c" << 2;
+    QTest::newRow("nothing chosen yet, nobody") << -1 << -1 << "x" << -1;
+}
+
+void TestSignalTreeView::typingFindsNamesWhateverTheColumn()
+{
+    QFETCH(int, row);
+    QFETCH(int, column);
+    QFETCH(QString, typed);
+    QFETCH(int, found);
+    m_view->onDataReturned({network(QStringLiteral("Attic")), network(QStringLiteral("Barn")),
+        network(QStringLiteral("Cellar"))});
+    m_view->setCurrentIndex(m_view->model()->index(row, column));
+    QTest::keyClicks(m_view.data(), typed);
+    QCOMPARE(m_view->currentIndex().row(), found);
 }
 
 QTEST_MAIN(TestSignalTreeView)
