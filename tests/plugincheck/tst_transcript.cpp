@@ -1,9 +1,9 @@
 #include "plugincheck/anonymizer.h"
 #include "plugincheck/contract.h"
 #include "plugincheck/recordfile.h"
+#include "plugincheck/replay.h"
 #include "plugincheck/transcript.h"
 #include "simulated/scenarioparser.h"
-#include "simulated/simulatedair.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -56,55 +56,6 @@ Answers withInterfaces(const QStringList &names, const QVector<bool> &usable, bo
     if (answers.queried != true)
         answers.networks.clear();
     return answers;
-}
-
-/// What a back end in that air answers, as the checker asks.
-Answers askedOf(const SimulatedAir &air)
-{
-    Answers answers;
-    answers.listed = air.interfaces(answers.interfaces);
-    for (const QString &name : qAsConst(answers.interfaces))
-        answers.usable.append(air.isUsable(name));
-    if (!answers.interfaces.isEmpty())
-        answers.queried = air.networks(QString(), answers.networks);
-    return answers;
-}
-
-QByteArray readAll(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-/// The record of such answers, one a second.
-QByteArray recordOf(const QVector<Answers> &rounds)
-{
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("record.json"));
-    RecordFile file;
-    Transcript transcript;
-    if (!file.open(path).isEmpty())
-        return {};
-    for (int second = 0; second < rounds.size(); ++second) {
-        if (!file.add(transcript.add(rounds.at(second), second)).isEmpty())
-            return {};
-    }
-    return readAll(path);
-}
-
-/// What the simulated back end makes of a record, asked every second.
-QVector<Answers> replayed(const QByteArray &record, int seconds)
-{
-    const ScenarioResult result = ParseScenario(record);
-    if (result.error.isSet())
-        qFatal("%s: %s", qPrintable(result.error.field), qPrintable(result.error.text));
-    SimulatedAir air(result.scenario);
-    QVector<Answers> rounds;
-    for (int second = 0; second < seconds; ++second) {
-        air.advanceTo(second);
-        rounds.append(askedOf(air));
-    }
-    return rounds;
 }
 
 } // namespace
