@@ -25,6 +25,11 @@ Answers answers(const QVector<bool> &usable, std::optional<bool> queried, int ne
     return answers;
 }
 
+QString adviceFor(const Answers &given, const QVector<Message> &messages = {})
+{
+    return judge(given, {}, messages).advice.join(QLatin1Char('\n'));
+}
+
 } // namespace
 
 class TestVerdict : public QObject
@@ -38,6 +43,10 @@ private slots:
     void oddityIsSaidAndNoFault();
     void mistakeInAScenarioIsSaidToBeOne();
     void backendsOwnAdviceGoesFirst();
+    void antennaOfAJoinedComputerIsNotDoubted();
+    void refusedScanIsPutDownToNothingElse();
+    void interfaceThatCannotListenIsNotMissing();
+    void lookingAgainKeepsTheBackend();
     void scanMayOnlyHelpWhereNothingIsWrong();
     void onlyCommandsThatAreInstalledAreAdvised();
     void networksAreCounted();
@@ -128,6 +137,44 @@ void TestVerdict::backendsOwnAdviceGoesFirst()
         QVERIFY(judge(given, {}, messages).advice.first().contains(QStringLiteral("messages")));
         QVERIFY(!judge(given, {}, {}).advice.first().contains(QStringLiteral("messages")));
     }
+}
+
+void TestVerdict::antennaOfAJoinedComputerIsNotDoubted()
+{
+    const QString antenna = QStringLiteral("antenna");
+    QVERIFY(!adviceFor(answers({true}, true, 1)).contains(antenna));
+    QVERIFY(adviceFor(answers({true}, true, 0)).contains(antenna));
+}
+
+void TestVerdict::refusedScanIsPutDownToNothingElse()
+{
+    const QVector<Message> messages{{QStringLiteral("critical"),
+        QStringLiteral("No scan can be started: the manager does not allow it.")}};
+    for (const int networks : {0, 1}) {
+        const QString advice = adviceFor(answers({true}, true, networks), messages);
+        QVERIFY(!advice.contains(QStringLiteral("antenna")));
+        QVERIFY(!advice.contains(QStringLiteral("nmcli")));
+        QVERIFY(!advice.contains(QStringLiteral("Nobody")));
+    }
+}
+
+void TestVerdict::interfaceThatCannotListenIsNotMissing()
+{
+    const Answers none = answers({}, std::nullopt, 0);
+    const QVector<Message> messages{
+        {QStringLiteral("critical"), QStringLiteral("The Wi-Fi interface wlan0 is a hotspot.")}};
+    QVERIFY(judge(none, {}, {}).text.contains(QStringLiteral("on this computer")));
+    QVERIFY(!judge(none, {}, messages).text.contains(QStringLiteral("on this computer")));
+    QVERIFY(judge(none, {}, messages).text.contains(QStringLiteral("its own messages say why")));
+    QVERIFY(!adviceFor(none, messages).contains(QStringLiteral("dapter")));
+}
+
+/// The checker may have been given a back end, which the advice must not forget.
+void TestVerdict::lookingAgainKeepsTheBackend()
+{
+    const QString advice = adviceFor(answers({true}, true, 0));
+    QVERIFY(advice.contains(QStringLiteral("--watch")));
+    QVERIFY(!advice.contains(QCoreApplication::applicationFilePath()));
 }
 
 void TestVerdict::scanMayOnlyHelpWhereNothingIsWrong()

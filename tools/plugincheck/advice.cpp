@@ -49,8 +49,8 @@ QStringList simulatedAir()
 
 QString lookAgain()
 {
-    return QStringLiteral("Look again for a while, in case that passes: `") +
-           QCoreApplication::applicationFilePath() + QStringLiteral(" --watch`");
+    return QStringLiteral("Look again for a while, in case that passes: add \"--watch\" to the "
+                          "command.");
 }
 
 QString useAnAntenna()
@@ -75,17 +75,52 @@ QStringList withRadioOff()
     return {QStringLiteral("Turn Wi-Fi on in the menu bar or in System Settings > Wi-Fi.")};
 }
 
-QStringList withEmptyAir()
+QStringList withUnusableInterface()
+{
+    return simulatedAir();
+}
+
+QStringList withRefusedScan()
 {
     return {
         QStringLiteral("Allow Airlume to use your location in System Settings > Privacy & Security "
                        "> Location Services: without it macOS hides the networks."),
         lookAgain(),
-        useAnAntenna(),
     };
 }
 
+QStringList withEmptyAir()
+{
+    return withRefusedScan() + QStringList{useAnAntenna()};
+}
+
+QStringList withOwnNetworkOnly()
+{
+    return withRefusedScan();
+}
+
 #else
+
+namespace
+{
+
+QStringList managersScan()
+{
+    return ifInstalled("Ask for a scan by hand: ", QStringLiteral("nmcli device wifi rescan"));
+}
+
+QStringList interfacesOfTheSystem()
+{
+    return ifInstalled("See whether the system knows a Wi-Fi interface: ", QStringLiteral("iw dev"),
+        ". If none is listed there, Airlume cannot see one either.");
+}
+
+} // namespace
+
+QStringList withUnusableInterface()
+{
+    return interfacesOfTheSystem() + simulatedAir();
+}
 
 QStringList withoutInterface()
 {
@@ -94,8 +129,7 @@ QStringList withoutInterface()
                               "machine or container has no Wi-Fi unless an adapter is passed on "
                               "to it."),
            } +
-           ifInstalled("See whether the system knows a Wi-Fi interface: ", QStringLiteral("iw dev"),
-               ". If none is listed there, Airlume cannot see one either.") +
+           interfacesOfTheSystem() +
            ifInstalled("If the adapter is there but not listed, its driver or firmware may be "
                        "missing. Look for the reason: ",
                QStringLiteral("sudo dmesg")) +
@@ -116,13 +150,25 @@ QStringList withRadioOff()
                QStringLiteral("sudo ip link set NAME up"));
 }
 
-QStringList withEmptyAir()
+QStringList withRefusedScan()
 {
-    return QStringList{useAnAntenna()} +
-           ifInstalled("Ask for a scan by hand: ", QStringLiteral("nmcli device wifi rescan")) +
-           ifInstalled("Ask for a scan by hand (NAME is the interface above): ",
+    return ifInstalled("Ask for a scan by hand (NAME is the interface above): ",
                QStringLiteral("sudo iw dev NAME scan")) +
            QStringList{lookAgain()};
+}
+
+QStringList withEmptyAir()
+{
+    return QStringList{useAnAntenna()} + managersScan() + withRefusedScan();
+}
+
+QStringList withOwnNetworkOnly()
+{
+    return QStringList{QStringLiteral("Nobody seems to scan, so the system knows only the network "
+                                      "that it is joined to: open the desktop's list of networks, "
+                                      "and start Airlume in a desktop session of your own, not "
+                                      "over ssh.")} +
+           managersScan() + withRefusedScan();
 }
 
 #endif
@@ -130,15 +176,6 @@ QStringList withEmptyAir()
 QStringList withFailedQuery()
 {
     return QStringList{lookAgain()} + withRadioOff();
-}
-
-QStringList withOwnNetworkOnly()
-{
-    return QStringList{QStringLiteral("Nobody scans, so the system knows only the network that it "
-                                      "is joined to: start Airlume in a desktop session of your "
-                                      "own, not over ssh, and open the desktop's list of "
-                                      "networks.")} +
-           withEmptyAir();
 }
 
 QStringList withScenarioMistake()

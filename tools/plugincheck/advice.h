@@ -12,8 +12,12 @@ namespace Advice
 {
 
 QStringList withoutInterface();
+/// There is one that the back end cannot use, as it says itself.
+QStringList withUnusableInterface();
 QStringList withRadioOff();
 QStringList withFailedQuery();
+/// The back end has said itself why nobody scans.
+QStringList withRefusedScan();
 QStringList withEmptyAir();
 QStringList withOwnNetworkOnly();
 QStringList withScenarioMistake();

@@ -49,14 +49,22 @@ Verdict withoutInterface(const Answers &answers, const QStringList &complaints)
                 shownInAirlume(),
             Advice::withScenarioMistake()};
     }
-    return {Outcome::NothingHeard, QStringLiteral("no-interface"),
+    const QString reason = QStringLiteral("no-interface");
+    if (answers.listed && !complaints.isEmpty()) {
+        return {Outcome::NothingHeard, reason,
+            QStringLiteral("The back end finds no Wi-Fi interface that could hear networks; its "
+                           "own messages say why.") +
+                shownInAirlume(),
+            Advice::withUnusableInterface()};
+    }
+    return {Outcome::NothingHeard, reason,
         (answers.listed ? QStringLiteral("The back end finds no Wi-Fi interface on this computer.")
                         : QStringLiteral("The back end could not list the Wi-Fi interfaces.")) +
             shownInAirlume(),
         Advice::withoutInterface()};
 }
 
-Verdict withInterface(const Answers &answers)
+Verdict withInterface(const Answers &answers, bool complained)
 {
     const bool failed = answers.queried != true;
     const QString shown = failed ? shownInAirlume() : QString();
@@ -64,7 +72,7 @@ Verdict withInterface(const Answers &answers)
         return {Outcome::NothingHeard, OwnNetworkOnly,
             QStringLiteral("The back end hears only the network that the computer is joined to: "
                            "nothing has scanned lately, or nothing else is near."),
-            Advice::withOwnNetworkOnly()};
+            complained ? Advice::withRefusedScan() : Advice::withOwnNetworkOnly()};
     }
     if (!answers.usable.contains(true)) {
         return {Outcome::NothingHeard, QStringLiteral("none-usable"),
@@ -82,7 +90,7 @@ Verdict withInterface(const Answers &answers)
     }
     return {Outcome::NothingHeard, EmptyList,
         QStringLiteral("The interface works, but it has not heard any network yet."),
-        Advice::withEmptyAir()};
+        complained ? Advice::withRefusedScan() : Advice::withEmptyAir()};
 }
 
 bool isOwnNetworkOnly(const QList<ScanMap> &networks)
@@ -105,8 +113,8 @@ Verdict judge(
         return heard(answers.networks.size(), !deviations.isEmpty());
 
     const QStringList said = complaints(messages);
-    Verdict verdict =
-        answers.interfaces.isEmpty() ? withoutInterface(answers, said) : withInterface(answers);
+    Verdict verdict = answers.interfaces.isEmpty() ? withoutInterface(answers, said)
+                                                   : withInterface(answers, !said.isEmpty());
     if (!said.isEmpty())
         verdict.advice.prepend(QStringLiteral("Follow the back end's own messages above first: it "
                                               "knows best what it met."));
