@@ -247,6 +247,9 @@ bool Backend::readNetworks(const WifiInterface &interface, QList<ScanMap> &netwo
     if (link)
         air.traffic.take(*link, now);
     const QString joined = air.traffic.carrier(accessPoints);
+    // What it is shown with when it has just been left.
+    if (link && link->signal)
+        air.table.measured(joined, *link->signal);
     air.order.sort(accessPoints, joined);
     networks.append(scanMaps(accessPoints, joined, link));
 

@@ -65,6 +65,13 @@ void HeardTable::take(const AccessPoint &accessPoint, qint64 heardAt)
     }
 }
 
+void HeardTable::measured(const QString &bssid, int signal)
+{
+    const auto record = m_records.find(bssid);
+    if (record != m_records.end())
+        record->accessPoint.signal = signal;
+}
+
 void HeardTable::finished(const FinishedScan &scan)
 {
     for (Record &record : m_records) {

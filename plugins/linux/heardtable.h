@@ -27,6 +27,10 @@ public:
     /// without a name takes none away.
     void heard(const QVector<AccessPoint> &list, qint64 now);
 
+    /// The joined access point is heard with `signal` (dBm) now, which is fresher than its last
+    /// scan.
+    void measured(const QString &bssid, int signal);
+
     /// Judges the records by a scan that has finished, after heard() had the list that it left.
     void finished(const FinishedScan &scan);
 

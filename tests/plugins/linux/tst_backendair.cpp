@@ -74,6 +74,7 @@ private slots:
     void hiddenJoinedNetworkHasItsNameAndKeepsIt();
     void roamingKeepsTheOrder();
     void leavingIsSeenAtOnce();
+    void networkThatWasLeftKeepsItsLastSignal();
     void interfaceThatIsScannedIsTaken();
     void interfaceThatNobodyManagesIsLeft();
 };
@@ -239,6 +240,23 @@ void TestBackendAir::leavingIsSeenAtOnce()
     QCOMPARE(l.answer("current_connected"), list("0"));
     l.kernel.m_accessPoints = {};
     QCOMPARE(l.answer("current_connected"), list("0"));
+}
+
+void TestBackendAir::networkThatWasLeftKeepsItsLastSignal()
+{
+    Listening l;
+    AccessPoint home = l.accessPoint("a", "Home", -50);
+    home.joined = true;
+    l.kernel.m_accessPoints = {home};
+    l.kernel.m_links = {stationLink("a", -72, 100)};
+    QCOMPARE(l.answer("WLAN_NETWORK_SIGNAL"), list("-72"));
+    home.joined = false;
+    l.kernel.m_accessPoints = {home};
+    QCOMPARE(l.answer("WLAN_NETWORK_SIGNAL"), list("-72"));
+    home.heardAt = l.now;
+    home.signal = -60;
+    l.kernel.m_accessPoints = {home};
+    QCOMPARE(l.answer("WLAN_NETWORK_SIGNAL"), list("-60"));
 }
 
 void TestBackendAir::interfaceThatIsScannedIsTaken()
