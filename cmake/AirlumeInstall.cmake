@@ -36,12 +36,23 @@ install(FILES "${packaging}/airlume-plugincheck.1" "${packaging}/airlume-host.1"
     DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
 install(FILES "${packaging}/copyright" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 
-# The manual page names the private folder, which is known for sure only while installing.
-set(page "${PROJECT_BINARY_DIR}/packaging/airlume.1")
-install(CODE "
-    set(AIRLUME_PRIVATE_DIR \"${private_dir}\")
-    if(NOT IS_ABSOLUTE \"\${AIRLUME_PRIVATE_DIR}\")
-        string(PREPEND AIRLUME_PRIVATE_DIR \"\${CMAKE_INSTALL_PREFIX}/\")
-    endif()
-    configure_file(\"${packaging}/airlume.1.in\" \"${page}\" @ONLY)")
-install(FILES "${page}" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
+# Scenarios to play and to change, the built-in street among them.
+file(GLOB scenarios CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/docs/examples/*.json")
+install(FILES ${scenarios} "${PROJECT_SOURCE_DIR}/plugins/simulated/neighbourhood.json"
+    DESTINATION "${CMAKE_INSTALL_DOCDIR}/examples")
+
+# These manual pages name folders, which are known for sure only while installing.
+foreach(page IN ITEMS airlume.1 airlume-scenario.5)
+    set(made "${PROJECT_BINARY_DIR}/packaging/${page}")
+    install(CODE "
+        set(AIRLUME_PRIVATE_DIR \"${private_dir}\")
+        set(AIRLUME_DOC_DIR \"${CMAKE_INSTALL_DOCDIR}\")
+        foreach(folder IN ITEMS AIRLUME_PRIVATE_DIR AIRLUME_DOC_DIR)
+            if(NOT IS_ABSOLUTE \"\${\${folder}}\")
+                string(PREPEND \${folder} \"\${CMAKE_INSTALL_PREFIX}/\")
+            endif()
+        endforeach()
+        configure_file(\"${packaging}/${page}.in\" \"${made}\" @ONLY)")
+    string(REGEX MATCH "[0-9]$" section "${page}")
+    install(FILES "${made}" DESTINATION "${CMAKE_INSTALL_MANDIR}/man${section}")
+endforeach()

@@ -13,7 +13,7 @@ file(WRITE "${documents}/changelog.Debian"
 ")
 configure_file("${CMAKE_CURRENT_LIST_DIR}/../../CHANGELOG.md" "${documents}/changelog" COPYONLY)
 
-file(GLOB pages "${root}/share/man/man1/*.1")
+file(GLOB pages "${root}/share/man/man*/*")
 execute_process(COMMAND gzip -9n ${pages} "${documents}/changelog" "${documents}/changelog.Debian"
     COMMAND_ERROR_IS_FATAL ANY)
 execute_process(COMMAND chmod -R u=rwX,go=rX "${CPACK_TEMPORARY_INSTALL_DIRECTORY}"

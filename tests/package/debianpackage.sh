@@ -26,7 +26,7 @@ dpkg-deb --info "$package"
 # Exactly what is installed, in /usr, with compressed documents.
 (
     cd "$1/installed"
-    find . ! -type d | sed -e 's|^\./|usr/|' -e '/\/man1\//s/$/.gz/'
+    find . ! -type d | sed -e 's|^\./|usr/|' -e '/\/man[0-9]\//s/$/.gz/'
     printf 'usr/share/doc/airlume/%s\n' changelog.gz changelog.Debian.gz
 ) | sort >"$TMPDIR/expected"
 dpkg-deb --fsys-tarfile "$package" | tar -t | sed -e 's|^\./||' -e '/\/$/d' -e '/^$/d' | sort \
@@ -47,6 +47,12 @@ done
 gzip -dc "$TMPDIR/extracted/usr/share/man/man1/airlume.1.gz" |
     grep -q '^\.Dl QT_PLUGIN_PATH=/usr/libexec/airlume/simulated airlume$' ||
     fail "the manual page does not name the package's folder"
+gzip -dc "$TMPDIR/extracted/usr/share/man/man5/airlume-scenario.5.gz" |
+    grep -oP '^\.It Pa \K/usr/.*' >"$TMPDIR/named"
+while read -r named; do
+    [ -e "$TMPDIR/extracted$named" ] || fail "airlume-scenario(5) names $named, which is not there"
+done <"$TMPDIR/named"
+[ -s "$TMPDIR/named" ] || fail "airlume-scenario(5) names no files"
 
 # lintian does not run as root without being told so. What newer versions of it have from
 # appstreamcli, metadata.sh looks at.

@@ -8,6 +8,9 @@ namespace
 {
 const QString Release = QStringLiteral(AIRLUME_RELEASE_DIR "/");
 const QString BackEnd = QStringLiteral("libWiFiApiPlugin.dylib");
+/// The scenarios of the documentation.
+const QStringList Examples = QDir(QStringLiteral(AIRLUME_SOURCE_DIR "/docs/examples"))
+                                 .entryList({QStringLiteral("*.json")}, QDir::Files);
 
 /// All files below the folder, by their paths in it.
 QStringList filesBelow(const QString &folder)
@@ -51,7 +54,9 @@ private slots:
     void startsFromAnyFolderWithItsOwnBackEnd();
     void checksTheBackEndOfTheProgram();
     void showsTheSimulatedNeighbourhoodOnDemand();
-    void manualNamesTheFolderWhereItIsStagedFor();
+    void playsTheInstalledScenarios_data();
+    void playsTheInstalledScenarios();
+    void manualNamesTheFoldersWhereItIsStagedFor();
 
 private:
     QTemporaryDir m_folder;
@@ -83,16 +88,20 @@ void TestInstallation::hasAllThatBelongsToIt()
         QStringLiteral("libexec/airlume/simulated/") + BackEnd,
         QStringLiteral("share/applications/airlume.desktop"),
         QStringLiteral("share/doc/airlume/copyright"),
+        QStringLiteral("share/doc/airlume/examples/neighbourhood.json"),
         QStringLiteral("share/icons/hicolor/scalable/apps/airlume.svg"),
         QStringLiteral("share/man/man1/airlume-host.1"),
         QStringLiteral("share/man/man1/airlume-plugincheck.1"),
         QStringLiteral("share/man/man1/airlume.1"),
+        QStringLiteral("share/man/man5/airlume-scenario.5"),
         QStringLiteral("share/metainfo/app.airlume.Airlume.metainfo.xml"),
     };
     for (int size : {16, 22, 24, 32, 48, 64, 128, 256, 512}) {
         expected.append(QStringLiteral("share/icons/hicolor/%1x%1/apps/airlume.png")
                             .arg(QString::number(size)));
     }
+    for (const QString &scenario : Examples)
+        expected.append(QStringLiteral("share/doc/airlume/examples/") + scenario);
     expected.sort();
     QCOMPARE(filesBelow(m_prefix), expected);
     QCOMPARE(
@@ -135,7 +144,29 @@ void TestInstallation::showsTheSimulatedNeighbourhoodOnDemand()
     QVERIFY(hasLoaded(airlume.processId(), simulated + QLatin1Char('/') + BackEnd));
 }
 
-void TestInstallation::manualNamesTheFolderWhereItIsStagedFor()
+void TestInstallation::playsTheInstalledScenarios_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::newRow("neighbourhood.json") << QStringLiteral("neighbourhood.json");
+    for (const QString &example : Examples)
+        QTest::newRow(qPrintable(example)) << example;
+}
+
+void TestInstallation::playsTheInstalledScenarios()
+{
+    QFETCH(QString, file);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("AIRLUME_SCENARIO"),
+        m_prefix + QStringLiteral("/share/doc/airlume/examples/") + file);
+    const QByteArray report = outputOf(m_prefix + QStringLiteral("/bin/airlume-plugincheck"),
+        {QStringLiteral("--json"), m_private + QStringLiteral("/simulated")}, environment);
+    const QJsonObject round = QJsonDocument::fromJson(report).object();
+    QVERIFY2(!round[QStringLiteral("interfaces")].toArray().isEmpty(), report.constData());
+    QVERIFY2(round[QStringLiteral("queried")].toBool(), report.constData());
+    QVERIFY2(round[QStringLiteral("messages")].toArray().isEmpty(), report.constData());
+}
+
+void TestInstallation::manualNamesTheFoldersWhereItIsStagedFor()
 {
     const QString stage = m_folder.filePath(QStringLiteral("stage"));
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -144,12 +175,17 @@ void TestInstallation::manualNamesTheFolderWhereItIsStagedFor()
         {QStringLiteral("--install"), Release + QStringLiteral("build"), QStringLiteral("--prefix"),
             QStringLiteral("/opt/airlume")},
         environment);
-    QFile manual(stage + QStringLiteral("/opt/airlume/share/man/man1/airlume.1"));
-    QVERIFY(manual.open(QIODevice::ReadOnly));
-    const QByteArray text = manual.readAll();
-    QVERIFY(text.contains("QT_PLUGIN_PATH=/opt/airlume/libexec/airlume/simulated airlume\n"));
-    QVERIFY(!text.contains('@'));
-    QVERIFY(!text.contains(QFile::encodeName(stage)));
+    for (const char *page : {"man1/airlume.1", "man5/airlume-scenario.5"}) {
+        QFile manual(stage + QStringLiteral("/opt/airlume/share/man/") + QLatin1String(page));
+        QVERIFY2(manual.open(QIODevice::ReadOnly), page);
+        const QByteArray text = manual.readAll();
+        QVERIFY2(text.contains("QT_PLUGIN_PATH=/opt/airlume/libexec/airlume/simulated"), page);
+        QVERIFY2(
+            text.contains("AIRLUME_SCENARIO=/opt/airlume/share/doc/airlume/examples/scenario.json"),
+            page);
+        QVERIFY2(!text.contains('@'), page);
+        QVERIFY2(!text.contains(QFile::encodeName(stage)), page);
+    }
 }
 
 QTEST_GUILESS_MAIN(TestInstallation)
