@@ -24,7 +24,8 @@ constexpr double Seconds = 1e9;
 } // namespace ScenarioLimits
 
 /// Reads a scenario from the text of its file (JSON, UTF-8). Pure; copes with any bytes. With an
-/// error set, the scenario is unusable. The fields are described in docs/plugins.md.
+/// error set, the scenario is unusable. The fields are described in docs/plugins.md and in
+/// packaging/airlume-scenario.5.in.
 ScenarioResult ParseScenario(const QByteArray &json);
 
 #endif
