@@ -187,8 +187,8 @@ QVector<SignalChannelPlot::DrawnName> SignalChannelPlot::drawnNames() const
 }
 
 /// Networks of one channel are often as strong as each other: their names would hide each other.
-/// Whoever is stronger stays at its apex, the weaker ones step down or behind. Names that lie outside
-/// are in nobody's way.
+/// Whoever is stronger stays at its apex, the weaker ones step down or behind. Names that lie
+/// outside are in nobody's way.
 void SignalChannelPlot::drawNames(
     QPainter *painter, const QRectF &canvasRect, const QwtScaleMap maps[axisCnt]) const
 {

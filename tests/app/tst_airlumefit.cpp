@@ -1,9 +1,9 @@
 #include "app/builtwindow.h"
 #include "app/ink.h"
+#include "app/placement.h"
 #include "netlist/signaltreeview.h"
 #include "support/testair.h"
 #include "support/tooltip.h"
-#include "app/placement.h"
 
 #include <QDir>
 #include <QFrame>

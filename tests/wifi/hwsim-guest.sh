@@ -330,7 +330,9 @@ managed_station() {
     ap_find "$1"
     case $MANAGER in
         nm*) [ "$sec" = open ] || password=(password "$AP_PASS")
-             try() { nmcli device wifi connect "$(printf %b "$ssid")" bssid "$bssid" "${password[@]}"; } ;;
+             # (with iwd, that chooses the BSSID)
+             [ "$MANAGER" = nm-iwd ] || password+=(bssid "$bssid")
+             try() { nmcli device wifi connect "$(printf %b "$ssid")" "${password[@]}"; } ;;
         iwd) [ "$sec" = open ] || password=(--passphrase "$AP_PASS")
              # (it knows those that it has heard, so a scan comes first; by name: it chooses the BSSID)
              try() { iwctl "${password[@]}" station wlan0 connect "$(printf %b "$ssid")" && return; iwctl station wlan0 scan; sleep 2; false; } ;;

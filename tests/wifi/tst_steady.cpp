@@ -173,9 +173,10 @@ void TestSteady::wholeListIsHeardSoon()
 
 void TestSteady::joinedListIsSteady()
 {
+    // Of two access points of that name iwd takes the one that it likes.
     QVERIFY(join("home5"));
     QVERIFY(until([](const QJsonObject &answer) {
-        return value(joinedOf(answer), "bssid") == QStringLiteral("02:00:00:00:04:00") &&
+        return value(joinedOf(answer), "ssid") == QStringLiteral("Home") &&
                networksOf(answer).size() == 10;
     }));
     Watch watch;
@@ -296,5 +297,13 @@ void TestSteady::haltedBusHoldsNothingUp()
     QVERIFY(Air::hwsim(QStringLiteral("bus resume")));
 }
 
-QTEST_GUILESS_MAIN(TestSteady)
+int main(int argc, char *argv[])
+{
+    // Qt Test ends a function after five minutes otherwise.
+    qputenv("QTEST_FUNCTION_TIMEOUT", QByteArray::number((watchSeconds() + 600) * 1000));
+    const QCoreApplication application(argc, argv);
+    TestSteady test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "tst_steady.moc"
