@@ -20,8 +20,8 @@ const QByteArray Scenario = R"({
     "events": [ { "at": 60, "do": "leave" } ]
 })";
 
-// Qt asks once where the accessibility bus is, and now and then makes nothing of the answer; a copy
-// that is not on the bus by then never will be.
+// In some starts Qt connects to the accessibility bus and says nothing on it; a copy that is not to
+// be found there by then never will be.
 const int Attempts = 10;
 const int AttemptMs = 5000;
 
