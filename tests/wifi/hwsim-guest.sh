@@ -310,6 +310,8 @@ run_control() {
 roam() {
     [[ $MANAGER != *iwd ]] || return 3
     ap_find "$1"
+    # (joined by `station`, it would go back to the access point that was named there)
+    [[ $MANAGER == nm* ]] || wpa_cli -p $RUN/wpa -i wlan0 set_network 0 bssid "$bssid" >/dev/null
     [ "$(wpa_cli -p $RUN/wpa -i wlan0 roam "$bssid")" = OK ] || { echo "hwsim: no roaming to $name" >&2; return 1; }
     there() { [[ $(wpa_cli -p $RUN/wpa -i wlan0 status) == *"bssid=$bssid"*wpa_state=COMPLETED* ]]; }
     wait_for 40 there || { echo "hwsim: wlan0 did not roam to $name" >&2; return 1; }
