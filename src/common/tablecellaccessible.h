@@ -30,7 +30,7 @@ public:
     QAccessibleInterface *parent() const override;
     QAccessibleInterface *child(int index) const override;
     int childCount() const override;
-    int indexOfChild(const QAccessibleInterface *child) const override;
+    int indexOfChild(const QAccessibleInterface *inside) const override;
     QString text(QAccessible::Text kind) const override;
     void setText(QAccessible::Text, const QString &) override {}
     QRect rect() const override;
