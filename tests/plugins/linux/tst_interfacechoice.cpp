@@ -4,6 +4,8 @@
 
 using namespace LinuxWifi;
 
+Q_DECLARE_METATYPE(LinuxWifi::InterfaceCandidate)
+
 namespace
 {
 InterfaceCandidate candidate(
@@ -70,8 +72,6 @@ void TestInterfaceChoice::choiceStaysWhileNoneIsBetter()
     QCOMPARE(chosen(choice, {candidate(1, true, true), candidate(2, true, true)}), 2);
     QCOMPARE(chosen(choice, {candidate(1, true)}), 1);
 }
-
-Q_DECLARE_METATYPE(LinuxWifi::InterfaceCandidate)
 
 QTEST_GUILESS_MAIN(TestInterfaceChoice)
 #include "tst_interfacechoice.moc"
