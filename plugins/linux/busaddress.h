@@ -14,7 +14,7 @@ struct BusAddress {
     QByteArray socket; ///< Path of the socket; begins with a zero byte when it is an abstract name.
 };
 
-/// The Unix sockets in a list of addresses in the form of the D-Bus specification
+/// The Unix sockets in a list of addresses in the form that D-Bus has for them
 /// ("unix:path=/run/bus;unix:abstract=name,guid=..."), in their order. Other ways, as over TCP, are
 /// left out: nothing can be told of them without waiting. Pure.
 QVector<BusAddress> busAddresses(const QString &list);
